@@ -1,0 +1,35 @@
+# Run by ctest: install the built library into a scratch prefix, then build and run a small
+# outside program against it through find_package(Grafel), and once more through pkg-config.
+file(REMOVE_RECURSE ${WORK_DIR})
+set(prefix ${WORK_DIR}/prefix)
+
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT rc EQUAL 0)
+    message(FATAL_ERROR "failed (${rc}): ${ARGN}\n${out}\n${err}")
+  endif()
+endfunction()
+
+run(${CMAKE_COMMAND} --install ${BINARY_DIR} --prefix ${prefix})
+foreach(f include/grafel/grafel.h lib/libgrafel.so lib/cmake/Grafel/GrafelConfig.cmake lib/pkgconfig/grafel.pc)
+  if(NOT EXISTS ${prefix}/${f})
+    message(FATAL_ERROR "install is missing ${f}")
+  endif()
+endforeach()
+
+run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/install/consumer -B ${WORK_DIR}/consumer -G ${GENERATOR}
+    -DCMAKE_PREFIX_PATH=${prefix})
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/consumer)
+run(${WORK_DIR}/consumer/consumer)
+
+find_program(PKG_CONFIG pkg-config REQUIRED)
+set(ENV{PKG_CONFIG_PATH} ${prefix}/lib/pkgconfig)
+execute_process(COMMAND ${PKG_CONFIG} --cflags --libs grafel OUTPUT_VARIABLE flags
+                OUTPUT_STRIP_TRAILING_WHITESPACE RESULT_VARIABLE rc)
+if(NOT rc EQUAL 0)
+  message(FATAL_ERROR "pkg-config does not know grafel")
+endif()
+separate_arguments(flags UNIX_COMMAND "${flags}")
+run(c++ ${SOURCE_DIR}/tests/install/consumer/main.cpp ${flags} -Wl,-rpath,${prefix}/lib
+    -o ${WORK_DIR}/consumer-pc)
+run(${WORK_DIR}/consumer-pc)
