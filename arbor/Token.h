@@ -56,5 +56,7 @@ std::ostream& operator<<(std::ostream& out, Token token);
 } // namespace Arbor
 
 template <> struct std::hash<Arbor::Token> {
-    size_t operator()(Arbor::Token t) const noexcept { return std::hash<std::uintptr_t>()(t.word()); }
+    size_t operator()(Arbor::Token t) const noexcept {
+        return std::hash<std::uintptr_t>()(t.word());
+    }
 };

@@ -5,13 +5,17 @@
 
 namespace Arbor {
 
-Variant::Variant(const Variant& other) : class_(other.class_), payload_(other.payload_) {
-    if (class_ && class_->copy) class_->copy(&payload_, &other.payload_);
+Variant::Variant(const Variant& other) : class_(other.class_) {
+    if (class_ && class_->copy)
+        class_->copy(payload_, other.payload_);
+    else
+        std::memcpy(payload_, other.payload_, sizeof payload_);
 }
 
-Variant::Variant(Variant&& other) noexcept : class_(other.class_), payload_(other.payload_) {
+Variant::Variant(Variant&& other) noexcept : class_(other.class_) {
+    std::memcpy(payload_, other.payload_, sizeof payload_);
     other.class_ = nullptr;
-    other.payload_.bits = 0;
+    std::memset(other.payload_, 0, sizeof payload_);
 }
 
 Variant& Variant::operator=(const Variant& other) {
@@ -26,33 +30,35 @@ Variant& Variant::operator=(Variant&& other) noexcept {
     if (this != &other) {
         reset();
         class_ = other.class_;
-        payload_ = other.payload_;
+        std::memcpy(payload_, other.payload_, sizeof payload_);
         other.class_ = nullptr;
-        other.payload_.bits = 0;
+        std::memset(other.payload_, 0, sizeof payload_);
     }
     return *this;
 }
 
-Variant::~Variant() { reset(); }
+Variant::~Variant() {
+    reset();
+}
 
 void Variant::reset() noexcept {
-    if (class_ && class_->destroy) class_->destroy(&payload_);
+    if (class_ && class_->destroy) class_->destroy(payload_);
     class_ = nullptr;
-    payload_.bits = 0;
+    std::memset(payload_, 0, sizeof payload_);
 }
 
 bool Variant::operator==(const Variant& other) const {
     if (class_ != other.class_) return false;
     if (!class_) return true;
-    if (class_->equal) return class_->equal(&payload_, &other.payload_);
-    return payload_.bits == other.payload_.bits;
+    if (class_->equal) return class_->equal(payload_, other.payload_);
+    return bits() == other.bits();
 }
 
 bool Variant::operator<(const Variant& other) const {
     if (class_ != other.class_) return std::less<const VariantClass*>()(class_, other.class_);
     if (!class_) return false;
-    if (class_->less) return class_->less(&payload_, &other.payload_);
-    return payload_.bits < other.payload_.bits;
+    if (class_->less) return class_->less(payload_, other.payload_);
+    return bits() < other.bits();
 }
 
 #define ARBOR_PLAIN_CLASS(Name)                                                                    \

@@ -7,6 +7,8 @@
 #include <grafel/tessel/FixedString.h>
 
 #include <cstdint>
+#include <cstring>
+#include <new>
 
 namespace Arbor {
 
@@ -42,7 +44,9 @@ public:
     const VariantClass* variantClass() const noexcept { return class_; }
 
     /// This variant, when its class is `cls`, else null.
-    Variant* dynamicCast(const VariantClass* cls) noexcept { return class_ == cls ? this : nullptr; }
+    Variant* dynamicCast(const VariantClass* cls) noexcept {
+        return class_ == cls ? this : nullptr;
+    }
     const Variant* dynamicCast(const VariantClass* cls) const noexcept {
         return class_ == cls ? this : nullptr;
     }
@@ -55,37 +59,48 @@ public:
 protected:
     explicit Variant(const VariantClass* cls) noexcept : class_(cls) {}
     /// Takes `payload` as the payload word (a heap copy that the class will destroy).
-    Variant(const VariantClass* cls, void* payload) noexcept : class_(cls) { payload_.pointer = payload; }
+    Variant(const VariantClass* cls, void* payload) noexcept : class_(cls) {
+        std::memcpy(payload_, &payload, sizeof payload);
+    }
 
-    void* payload() noexcept { return &payload_; }
-    const void* payload() const noexcept { return &payload_; }
+    /// The payload word, for the class operations.
+    void* payload() noexcept { return payload_; }
+    const void* payload() const noexcept { return payload_; }
+    /// The payload seen as a value of type T that lives in the word itself.
     template <class T> T& word() noexcept {
-        static_assert(sizeof(T) <= sizeof(Payload));
-        return *reinterpret_cast<T*>(&payload_);
+        static_assert(sizeof(T) <= sizeof(payload_) && alignof(T) <= 8);
+        return *std::launder(reinterpret_cast<T*>(payload_));
     }
     template <class T> const T& word() const noexcept {
-        static_assert(sizeof(T) <= sizeof(Payload));
-        return *reinterpret_cast<const T*>(&payload_);
+        static_assert(sizeof(T) <= sizeof(payload_) && alignof(T) <= 8);
+        return *std::launder(reinterpret_cast<const T*>(payload_));
     }
-    template <class T> T* heap() const noexcept { return static_cast<T*>(payload_.pointer); }
+    /// The payload seen as a pointer to a heap copy of type T.
+    template <class T> T* heap() const noexcept {
+        void* p;
+        std::memcpy(&p, payload_, sizeof p);
+        return static_cast<T*>(p);
+    }
 
 private:
     void reset() noexcept;
+    std::uint64_t bits() const noexcept {
+        std::uint64_t b;
+        std::memcpy(&b, payload_, sizeof b);
+        return b;
+    }
 
-    union alignas(8) Payload {
-        std::uint64_t bits;
-        double number;
-        void* pointer;
-    };
     const VariantClass* class_ = nullptr;
-    Payload payload_{0};
+    alignas(8) unsigned char payload_[8] = {};
 };
 
 /// The variant classes of values that are one word; each owns its own all-null table.
 #define ARBOR_PLAIN_VARIANT(Name, Type)                                                            \
     class Name : public Variant {                                                                  \
     public:                                                                                        \
-        explicit Name(Type value) noexcept : Variant(runtimeClass()) { word<Type>() = value; }     \
+        explicit Name(Type value) noexcept : Variant(runtimeClass()) {                             \
+            new (payload()) Type(value);                                                           \
+        }                                                                                          \
         Type val() const noexcept { return word<Type>(); }                                         \
         static const VariantClass* runtimeClass() noexcept;                                        \
     }
