@@ -30,6 +30,9 @@ public:
     virtual void setAttribute(Token name, const Variant& value);
     virtual void removeAttribute(Token name);
     virtual bool hasAttribute(Token name) const;
+    /// A number by which a family of element classes recognises its own members cheaply,
+    /// without run-time type information; 0 for the kernel's own.
+    virtual int elementFamily() const { return 0; }
 
 protected:
     explicit Element(Document* document) : InnerNode(document) {}

@@ -25,6 +25,12 @@ bool Node::mayReplaceChildren(Node*, unsigned, Node*) {
 
 void Node::replaceChildrenRaw(Node*, unsigned, Node*) {}
 
+void Node::afterReplaceChildren(Node*, unsigned) {}
+
+Node* Node::nextInChain() const {
+    return parent_ && !parent_->asFragment() ? nullptr : next_;
+}
+
 Node* Node::findChild(Token name) const {
     for (Node* n = firstChild(); n; n = n->next_)
         if (n->nodeName() == name) return n;
@@ -128,7 +134,7 @@ void Node::replaceChildren(Node* first, unsigned count, Node* newFirst) {
     Node* oldParent = newFirst ? newFirst->parent_ : nullptr;
     const bool moving = oldParent && !oldParent->asFragment();
     unsigned newElements = 0;
-    for (Node* n = newFirst; n; n = moving ? nullptr : n->next_) {
+    for (Node* n = newFirst; n; n = n->nextInChain()) {
         checkNewChild(this, n);
         if (n->nodeType() == ElementNode) ++newElements;
     }
@@ -169,6 +175,8 @@ void Node::replaceChildren(Node* first, unsigned count, Node* newFirst) {
     replaceChildrenRaw(first, count, newFirst);
     for (auto& n : removed) n->afterParentChanged();
     for (auto& n : inserted) n->afterParentChanged();
+    afterReplaceChildren(inserted.empty() ? nullptr : inserted.front().get(),
+                         unsigned(inserted.size()));
 }
 
 namespace {

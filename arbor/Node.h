@@ -57,6 +57,9 @@ public:
     virtual void replaceChildrenRaw(Node* first, unsigned count, Node* newFirst);
     virtual const wchar_t* nodeValue() const { return nullptr; }
     virtual void setNodeValue(const wchar_t*) {}
+    /// Called at the end of a guarded child change with the nodes that came in (`count` of
+    /// them from `newFirst`), after their afterParentChanged(). Not called on undo or redo.
+    virtual void afterReplaceChildren(Node* newFirst, unsigned count);
 
     /// The document that made this node (a document is its own).
     Document* ownerDocument() const { return document_; }
@@ -64,6 +67,10 @@ public:
     /// The next node: the next child of the parent, or the next node of a detached chain.
     Node* nextSibling() const { return next_; }
     Node* previousSibling() const { return prev_; }
+    /// The next node of a chain about to be inserted (see replaceChildren): the next node of a
+    /// detached chain or of a fragment, and none for a node that stands in a tree, which moves
+    /// alone. Veto hooks walk the new chain with it.
+    Node* nextInChain() const;
     bool hasChildNodes() const { return firstChild() != nullptr; }
     /// First child with that name, or null.
     Node* findChild(Token name) const;
