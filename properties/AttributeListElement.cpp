@@ -1,0 +1,130 @@
+#include <grafel/properties/AttributeListElement.h>
+
+#include <grafel/arbor/DomException.h>
+#include <grafel/properties/Property.h>
+
+#include <algorithm>
+
+namespace Grafel {
+
+using Arbor::DomException;
+using Arbor::Token;
+using Arbor::Variant;
+
+std::vector<AttributeValue>::const_iterator AttributeListElement::lowerBound(Token name) const {
+    return std::lower_bound(attributes_.begin(), attributes_.end(), name,
+                            [](const AttributeValue& a, Token t) { return a.name > t; });
+}
+
+const Variant* AttributeListElement::findAttribute(Token name) const {
+    auto it = lowerBound(name);
+    return it != attributes_.end() && it->name == name ? &it->value : nullptr;
+}
+
+bool AttributeListElement::hasAttribute(Token name) const {
+    return findAttribute(name) != nullptr;
+}
+
+Variant AttributeListElement::getAttribute(Token name) const {
+    if (const Variant* v = findAttribute(name)) return *v;
+    domError("illegal attribute '%s' [node '%s']\n", name.text(), nodeName().text());
+    throw DomException(DomException::InvalidAccessErr);
+}
+
+bool AttributeListElement::hasProperty(Token name) const {
+    return findAttribute(name) || propertyInfo(name);
+}
+
+const Variant& AttributeListElement::propertyRef(Token name) const {
+    if (const Variant* v = findAttribute(name)) return *v;
+    Property* p = requireProperty(name);
+    if (p->isMandatory()) {
+        domError("mandatory property '%s' missing [node '%s']\n", name.text(), nodeName().text());
+        throw DomException(DomException::InvalidAccessErr);
+    }
+    if (p->isInherited())
+        if (PlotElement* from = inheritingFrom(name)) {
+            if (AttributeListElement* list = from->asAttributeList())
+                return list->propertyRef(name);
+            thread_local Variant slot;
+            slot = from->getProperty(name);
+            return slot;
+        }
+    return p->defaultRef();
+}
+
+const Variant& AttributeListElement::defaultRef(Token name) const {
+    return requireProperty(name)->defaultRef();
+}
+
+Variant AttributeListElement::getProperty(Token name) const {
+    return propertyRef(name);
+}
+
+void AttributeListElement::setAttributeRaw(Token name, const Variant& value) {
+    auto it = attributes_.begin() + (lowerBound(name) - attributes_.cbegin());
+    if (it != attributes_.end() && it->name == name)
+        it->value = value;
+    else
+        attributes_.insert(it, AttributeValue{name, value});
+}
+
+void AttributeListElement::removeAttributeRaw(Token name) {
+    auto it = lowerBound(name);
+    if (it != attributes_.end() && it->name == name) attributes_.erase(it);
+}
+
+void AttributeListElement::setProperty(Token name, const Variant& value) {
+    Property* p = requireProperty(name);
+    PlotElement* from = p->isInherited() ? inheritingFrom(name) : nullptr;
+    if (from && from->getProperty(name) == value) {
+        if (!hasAttribute(name)) return;
+        removeAttribute(name);
+    } else {
+        setAttribute(name, value);
+    }
+    normalizeInheritingAttributes(name);
+}
+
+void AttributeListElement::normalizeAttribute(Arbor::Element* from, Token name) {
+    if (inheritingFrom(name) == from) {
+        Property* p = propertyInfo(name);
+        const Variant* own = findAttribute(name);
+        if (p && p->isInherited() && own &&
+            *own == static_cast<PlotElement*>(from)->getProperty(name))
+            removeAttribute(name);
+    }
+    for (Arbor::Node* n = firstChild(); n; n = n->nextSibling())
+        if (auto* child = PlotElement::from(n)) child->normalizeAttribute(from, name);
+}
+
+void AttributeListElement::normalizeAttributes() {
+    for (size_t i = 0; i < attributes_.size();) {
+        const Token name = attributes_[i].name;
+        Property* p = propertyInfo(name);
+        PlotElement* from = p && p->isInherited() ? inheritingFrom(name) : nullptr;
+        if (from && from->getProperty(name) == attributes_[i].value) {
+            removeAttribute(name); // the next record moves into place i
+            continue;
+        }
+        ++i;
+    }
+    for (Arbor::Node* n = firstChild(); n; n = n->nextSibling())
+        if (auto* child = PlotElement::from(n)) child->normalizeAttributes();
+}
+
+void AttributeListElement::afterParentChanged() {
+    for (Arbor::Node* n = firstChild(); n; n = n->nextSibling()) n->afterParentChanged();
+}
+
+std::ostream& AttributeListElement::putAttributesXml(std::ostream& out) {
+    for (const AttributeValue& a : attributes_)
+        if (Property* p = propertyInfo(a.name)) p->putXmlValue(out, a.value);
+    return out;
+}
+
+void AttributeListElement::copyAttributes(AttributeListElement* other) const {
+    other->attributes_ = attributes_;
+}
+
+} // namespace Grafel

@@ -1,0 +1,169 @@
+#include <grafel/properties/Expr.h>
+
+#include <grafel/arbor/DomException.h>
+#include <grafel/properties/PropertyTypes.h>
+#include <grafel/properties/detail/ExprItems.h>
+
+#include <ostream>
+
+namespace Grafel {
+
+using Arbor::DomException;
+using Arbor::Token;
+using Arbor::Variant;
+
+Variant Expr::getAttribute(Token name) const {
+    if (name != tok_Opt) {
+        domError("illegal attribute '%s'\n", name.text());
+        throw DomException(DomException::InvalidAccessErr);
+    }
+    return Arbor::TokenVariant(opt_);
+}
+
+bool Expr::hasAttribute(Token name) const {
+    return name == tok_Opt;
+}
+
+bool Expr::hasProperty(Token name) const {
+    return name == tok_Opt;
+}
+
+Variant Expr::getProperty(Token name) const {
+    return getAttribute(name);
+}
+
+void Expr::setProperty(Token name, const Variant& value) {
+    setAttribute(name, value);
+}
+
+bool Expr::isPropertyEnabled(Token name) const {
+    return name == tok_Opt;
+}
+
+Property* Expr::propertyInfo(Token name) const {
+    static TokenListProperty<Kind::Mandatory> opt(Token(), id_Opt);
+    return name == tok_Opt ? &opt : nullptr;
+}
+
+bool Expr::maySetAttribute(Token name, const Variant& value) {
+    return name == tok_Opt && value.is<Arbor::TokenVariant>();
+}
+
+bool Expr::mayRemoveAttribute(Token) {
+    return false;
+}
+
+void Expr::setAttributeRaw(Token name, const Variant& value) {
+    if (const auto* token = value.as<Arbor::TokenVariant>(); token && name == tok_Opt)
+        opt_ = token->val();
+}
+
+void Expr::removeAttributeRaw(Token) {}
+
+void Expr::setAttributeString(Token name, const char* text) {
+    if (name != tok_Opt) {
+        domError("illegal attribute '%s'\n", name.text());
+        throw DomException(DomException::InvalidAccessErr);
+    }
+    if (!text || !*text) {
+        domError("empty option name\n");
+        throw DomException(DomException::InvalidAccessErr);
+    }
+    setAttribute(tok_Opt, Arbor::TokenVariant(Token(text, true)));
+}
+
+bool Expr::afterAttributeChange(Arbor::Element* source, Token name) {
+    if (source == this) fireAfterPropertyChange(name);
+    return false;
+}
+
+std::ostream& Expr::putAttributesXml(std::ostream& out) {
+    return out << " Opt=\"" << opt_ << '"';
+}
+
+void Expr::putCmd(CmdOStream& out) {
+    out.beginItem();
+    out << opt_ << '=';
+    putCmdExprValue(out);
+    out.endItem();
+}
+
+bool ExprSeq::mayReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newFirst) {
+    return detail::allIncomingNamed(newFirst, tok_IExpr);
+}
+
+void ExprSeq::putCmd(CmdOStream& out) {
+    out.beginItem();
+    out << opt_ << '=';
+    if (firstChild()) {
+        out << '[';
+        detail::putCmdItems(out, this);
+        out << ']';
+    } else {
+        out << "NIL";
+    }
+    out.endItem();
+}
+
+namespace {
+
+constexpr long minColorItems = 1;
+constexpr long maxColorItems = 4;
+
+} // namespace
+
+ColorFunc::ColorFunc(Arbor::Document* document) : Expr(document) {
+    detail::appendEmptyItemsRaw(this, minColorItems);
+}
+
+ColorFunc::ColorFunc(const ColorFunc& other) : Expr(other) {
+    detail::replaceItemsRaw(this, &other);
+}
+
+Token ColorFunc::tagName() const {
+    return tok_ColorFunc;
+}
+
+Arbor::Node* ColorFunc::cloneNode(bool deep) const {
+    auto* copy = new ColorFunc(document_);
+    if (deep) detail::replaceItemsRaw(copy, this);
+    return copy;
+}
+
+PlotElement* ColorFunc::create(Arbor::Document* document) {
+    return new ColorFunc(document);
+}
+
+bool ColorFunc::mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) {
+    const long items = detail::itemsAfterChange(long(this->items()), first, count, newFirst);
+    return items >= minColorItems && items <= maxColorItems;
+}
+
+bool ColorFunc::isVoid() const {
+    return detail::firstItemBlank(this);
+}
+
+std::ostream& ColorFunc::putXml(std::ostream& out) {
+    return isVoid() ? out : Expr::putXml(out);
+}
+
+void ColorFunc::putCmd(CmdOStream& out) {
+    out.beginItem();
+    out << opt_ << '=';
+    if (isVoid()) {
+        out << "NIL";
+    } else {
+        // A single entry is a colour function; several are the components of one colour.
+        const bool list = items() > 1;
+        out << (list ? '[' : '(');
+        detail::putCmdItems(out, this);
+        out << (list ? ']' : ')');
+    }
+    out.endItem();
+}
+
+GRAFEL_REGISTER_ELEMENT_CLASS(Expr);
+GRAFEL_REGISTER_ELEMENT_CLASS(ExprSeq);
+GRAFEL_REGISTER_ELEMENT_CLASS(ColorFunc);
+
+} // namespace Grafel

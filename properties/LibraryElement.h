@@ -1,0 +1,53 @@
+// Addressable, named elements of the list family (canvases, scenes, coordinate systems,
+// objects), and the style elements that give their siblings default values.
+#pragma once
+
+#include <grafel/properties/AttributeListElement.h>
+
+namespace Grafel {
+
+/// A list element with the attributes id, Name and Consistent. It hears of a change above it
+/// when its own value passes through the changed element and it holds no value of its own; its
+/// command form is "plot::NAME(" with its values and its child elements, then ")".
+class LibraryElement : public AttributeListElement {
+public:
+    bool afterAttributeChange(Arbor::Element* source, Arbor::Token name) override;
+    void putCmd(CmdOStream& out) override;
+    void getNextAnimationTime(double time, bool forward, double& next) override;
+
+    Tessel::FixedStringBase<char> getId() const;
+    Tessel::FixedStringBase<wchar_t> getName() const;
+    bool getConsistent() const;
+
+    LibraryElement(const LibraryElement& other) = default;
+
+protected:
+    explicit LibraryElement(Arbor::Document* document) : AttributeListElement(document) {}
+    void normalizeInheritingAttributes(Arbor::Token) override {}
+    /// The word after "plot::"; the tag by default.
+    virtual void putCmdName(CmdOStream& out);
+};
+
+/// A style: its values are the inherited defaults of its siblings (not its children), and it
+/// has no children unless a class below admits some. Its command form writes each value as
+/// "plot::TYPE::name=value", with TYPE from getCmdType().
+class StyleElement : public AttributeListElement {
+public:
+    bool isStyle() const override { return true; }
+    bool afterAttributeChange(Arbor::Element* source, Arbor::Token name) override;
+    void putCmd(CmdOStream& out) override;
+
+    StyleElement(const StyleElement& other) = default;
+
+protected:
+    explicit StyleElement(Arbor::Document* document) : AttributeListElement(document) {}
+    void normalizeInheritingAttributes(Arbor::Token name) override;
+    bool allowedContentChild(Arbor::Token) const override { return false; }
+    int tagNameToOptionChildFlag(Arbor::Token) const override { return 0; }
+    int allowedOptionChildren() const override { return 0; }
+    int mandatoryOptionChildren() const override { return 0; }
+    /// The class word that prefixes the style's command text.
+    virtual Arbor::Token getCmdType() = 0;
+};
+
+} // namespace Grafel

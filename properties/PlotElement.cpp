@@ -1,0 +1,150 @@
+#include <grafel/properties/PlotElement.h>
+
+#include <grafel/arbor/DomException.h>
+#include <grafel/properties/AfterPropertyChangeEvent.h>
+#include <grafel/properties/Property.h>
+
+#include <cstdarg>
+
+namespace Grafel {
+
+using Arbor::DomException;
+using Arbor::Token;
+using Arbor::Variant;
+
+AfterPropertyChangeEvent::AfterPropertyChangeEvent(PlotElement* element, Token name)
+    : Arbor::DomAttributeEvent(element, tok_AfterPropertyChange, name) {}
+
+void PlotElement::domError(const char* format, ...) const {
+    ElementDocument* doc = plotDocument();
+    if (!doc) return;
+    va_list args;
+    va_start(args, format);
+    doc->domError(format, args);
+    va_end(args);
+}
+
+Property* PlotElement::requireProperty(Token name) const {
+    if (Property* p = propertyInfo(name)) return p;
+    domError("unknown property '%s' [node '%s']\n", name.text(), nodeName().text());
+    throw DomException(DomException::InvalidAccessErr);
+}
+
+Property* PlotElement::propertyInfo(Token) const {
+    return nullptr;
+}
+
+Variant PlotElement::getAttribute(Token name) const {
+    Variant out;
+    if (!requireProperty(name)->tryGet(this, out))
+        throw DomException(DomException::InvalidAccessErr);
+    return out;
+}
+
+bool PlotElement::hasAttribute(Token name) const {
+    Property* p = propertyInfo(name);
+    return p && p->isSet(this);
+}
+
+bool PlotElement::maySetAttribute(Token name, const Variant& value) {
+    Property* p = propertyInfo(name);
+    return p && p->checkValue(this, value);
+}
+
+bool PlotElement::mayRemoveAttribute(Token name) {
+    Property* p = propertyInfo(name);
+    return p && p->mayRemove(this);
+}
+
+void PlotElement::setAttributeRaw(Token name, const Variant& value) {
+    requireProperty(name)->storeRaw(this, value);
+}
+
+void PlotElement::removeAttributeRaw(Token name) {
+    requireProperty(name)->removeRaw(this);
+}
+
+bool PlotElement::afterSetAttribute(Arbor::Element* source, Token name) {
+    return afterAttributeChange(source, name);
+}
+
+bool PlotElement::afterRemoveAttribute(Arbor::Element* source, Token name) {
+    return afterAttributeChange(source, name);
+}
+
+void PlotElement::setAttributeString(Token name, const char* text) {
+    requireProperty(name)->setFromString(this, text);
+}
+
+bool PlotElement::hasProperty(Token name) const {
+    return propertyInfo(name) != nullptr;
+}
+
+Variant PlotElement::getProperty(Token name) const {
+    return requireProperty(name)->getValue(this);
+}
+
+void PlotElement::setProperty(Token name, const Variant& value) {
+    requireProperty(name)->setProperty(this, value);
+    for (Arbor::Node* n = firstChild(); n; n = n->nextSibling())
+        if (auto* child = PlotElement::from(n)) child->normalizeAttribute(this, name);
+}
+
+bool PlotElement::isPropertyEnabled(Token name) const {
+    Property* p = propertyInfo(name);
+    return p && p->isEnabled(this);
+}
+
+PlotElement* PlotElement::inheritingFrom(Token) const {
+    return nullptr;
+}
+
+void PlotElement::getInheritanceChain(std::vector<PlotElement*>&) const {}
+
+bool PlotElement::afterAttributeChange(Arbor::Element* source, Token name) {
+    Property* p = propertyInfo(name);
+    return p && p->afterChange(this, source);
+}
+
+void PlotElement::normalizeAttribute(Arbor::Element*, Token) {}
+
+void PlotElement::normalizeAttributes() {}
+
+void PlotElement::fixupTree() {
+    for (Arbor::Node* n = firstChild(); n; n = n->nextSibling())
+        if (auto* child = PlotElement::from(n)) child->fixupTree();
+}
+
+void PlotElement::putCmd(CmdOStream&) {}
+
+void PlotElement::getNextAnimationTime(double, bool, double&) {}
+
+bool PlotElement::inheritingElement(Arbor::Element* element, Token name) const {
+    for (PlotElement* p = inheritingFrom(name); p; p = p->inheritingFrom(name))
+        if (p == element) return true;
+    return false;
+}
+
+void PlotElement::propagateAfterAttributeChange(Arbor::Element* source, Token name) {
+    if (!afterAttributeChange(source, name)) return;
+    for (Arbor::Node* n = firstChild(); n; n = n->nextSibling())
+        if (auto* child = PlotElement::from(n)) child->propagateAfterAttributeChange(source, name);
+}
+
+void PlotElement::fireAfterPropertyChange(Token name) {
+    if (!document_) return;
+    AfterPropertyChangeEvent event(this, name);
+    document_->fireEvent(event);
+}
+
+void PlotElement::replaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) {
+    Arbor::Node::replaceChildren(first, count, newFirst);
+}
+
+void PlotElement::afterReplaceChildren(Arbor::Node* newFirst, unsigned count) {
+    Arbor::Node* n = newFirst;
+    for (unsigned k = 0; k < count && n; ++k, n = n->nextSibling())
+        if (auto* element = PlotElement::from(n)) element->normalizeAttributes();
+}
+
+} // namespace Grafel

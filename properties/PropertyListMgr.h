@@ -1,0 +1,74 @@
+// The table of descriptors of one element class (or a slice of one): lookup by name, filled on
+// first use, and the class-wide passes over the descriptors.
+#pragma once
+
+#include <grafel/arbor/Token.h>
+#include <grafel/foundation/CmdOStream.h>
+
+#include <atomic>
+#include <iosfwd>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace Grafel {
+
+class PlotElement;
+class Property;
+
+/// One static instance per concrete subclass, whose fill() builds the descriptors and add()s
+/// them. Entries are kept sorted by token word, descending; tokens of the catalogue have
+/// ascending words in catalogue order, so the order is the same on every run.
+///
+/// Filling is guarded by one lock shared by all tables (test, lock, test again); a filled
+/// table is read without any lock.
+class PropertyListMgr {
+public:
+    using Entry = std::pair<Arbor::Token, Property*>;
+
+    PropertyListMgr() = default;
+    PropertyListMgr(const PropertyListMgr&) = delete;
+    PropertyListMgr& operator=(const PropertyListMgr&) = delete;
+    virtual ~PropertyListMgr();
+
+    /// The descriptor of `name`, or null.
+    Property* find(Arbor::Token name) {
+        ensureFilled();
+        auto it = lowerBound(name);
+        return it != entries_.end() && it->first == name ? it->second : nullptr;
+    }
+    /// Writes the attributes the element holds, in entry order.
+    void putAttributesXml(std::ostream& out, PlotElement* element);
+    /// Writes the attributes the element holds as command items, in entry order.
+    virtual void putCmd(CmdOStream& out, PlotElement* element);
+    /// Re-derives every absent value of the element from its inheritance chain.
+    void refreshAll(PlotElement* element);
+    /// Drops every explicit value of the element that equals what it would inherit.
+    void normalizeAll(PlotElement* element);
+
+    /// The entries, filled.
+    const std::vector<Entry>& entries() {
+        ensureFilled();
+        return entries_;
+    }
+    bool filled() const { return state_.load(std::memory_order_acquire) == 2; }
+    /// The lock held while any table fills.
+    static std::mutex& fillLock();
+
+protected:
+    virtual void fill() = 0;
+    /// Registers a descriptor; a name added twice is found in its later entry.
+    void add(Arbor::Token name, Property* property);
+
+private:
+    void ensureFilled() {
+        if (state_.load(std::memory_order_acquire) != 2) fillLocked();
+    }
+    void fillLocked();
+    std::vector<Entry>::const_iterator lowerBound(Arbor::Token name) const;
+
+    std::atomic<int> state_{0}; // 0 not filled, 1 being filled, 2 filled
+    std::vector<Entry> entries_;
+};
+
+} // namespace Grafel

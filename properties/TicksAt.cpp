@@ -1,0 +1,30 @@
+#include <grafel/properties/TicksAt.h>
+
+#include <grafel/properties/detail/ExprItems.h>
+
+namespace Grafel {
+
+bool XTicksAt::mayReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newFirst) {
+    return detail::allIncomingNamed(newFirst, tok_TickPos);
+}
+
+void XTicksAt::putCmd(CmdOStream& out) {
+    out.beginItem();
+    out << nodeName() << '=';
+    if (firstChild()) {
+        // Each tick is an item of its own and brings its own separator.
+        out << '[';
+        for (Arbor::Node* n = firstChild(); n; n = n->nextSibling())
+            if (auto* tick = dynamic_cast<PlotElement*>(n)) tick->putCmd(out);
+        out << ']';
+    } else {
+        out << "NIL";
+    }
+    out.endItem();
+}
+
+GRAFEL_REGISTER_ELEMENT_CLASS(XTicksAt);
+GRAFEL_REGISTER_ELEMENT_CLASS(YTicksAt);
+GRAFEL_REGISTER_ELEMENT_CLASS(ZTicksAt);
+
+} // namespace Grafel

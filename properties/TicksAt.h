@@ -1,0 +1,43 @@
+// The explicit tick positions of an axis: a list of TickPos children, each a value with an
+// optional label.
+#pragma once
+
+#include <grafel/properties/ElementClass.h>
+#include <grafel/properties/PlotElement.h>
+
+namespace Grafel {
+
+/// The explicit ticks of the x axis; YTicksAt and ZTicksAt differ only in their tag.
+class XTicksAt : public PlotElement {
+    GRAFEL_ELEMENT_CLASS(XTicksAt)
+    XTicksAt(const XTicksAt& other) = default;
+
+    /// Every new child must be a TickPos; refuses without a report. Removals are free.
+    bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
+    /// An item: the tag, "=", then "[" the children's own items "]", or "NIL" without
+    /// children.
+    void putCmd(CmdOStream& out) override;
+
+protected:
+    explicit XTicksAt(Arbor::Document* document) : PlotElement(document) {}
+};
+
+/// The explicit ticks of the y axis.
+class YTicksAt : public XTicksAt {
+    GRAFEL_ELEMENT_CLASS(YTicksAt)
+    YTicksAt(const YTicksAt& other) = default;
+
+protected:
+    explicit YTicksAt(Arbor::Document* document) : XTicksAt(document) {}
+};
+
+/// The explicit ticks of the z axis.
+class ZTicksAt : public XTicksAt {
+    GRAFEL_ELEMENT_CLASS(ZTicksAt)
+    ZTicksAt(const ZTicksAt& other) = default;
+
+protected:
+    explicit ZTicksAt(Arbor::Document* document) : XTicksAt(document) {}
+};
+
+} // namespace Grafel

@@ -1,0 +1,146 @@
+#include <grafel/properties/VExpr.h>
+
+#include <grafel/arbor/DomException.h>
+#include <grafel/properties/PropertyTypes.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <ostream>
+
+namespace Grafel {
+
+using Arbor::DomException;
+using Arbor::Token;
+using Arbor::Variant;
+
+namespace {
+
+constexpr double viewingBoxBound = 1e30;
+
+} // namespace
+
+Variant VExpr::getAttribute(Token name) const {
+    if (name != tok_Val) {
+        domError("illegal attribute '%s'\n", name.text());
+        throw DomException(DomException::InvalidAccessErr);
+    }
+    return Arbor::DoubleVariant(val_);
+}
+
+bool VExpr::hasAttribute(Token name) const {
+    return name == tok_Val;
+}
+
+bool VExpr::hasProperty(Token name) const {
+    return name == tok_Val;
+}
+
+Variant VExpr::getProperty(Token name) const {
+    return getAttribute(name);
+}
+
+void VExpr::setProperty(Token name, const Variant& value) {
+    setAttribute(name, value);
+}
+
+bool VExpr::isPropertyEnabled(Token name) const {
+    return name == tok_Val;
+}
+
+Property* VExpr::propertyInfo(Token name) const {
+    static DoubleListProperty<Kind::Optional> val(NaN(), id_Val);
+    return name == tok_Val ? &val : nullptr;
+}
+
+bool VExpr::maySetAttribute(Token name, const Variant& value) {
+    return name == tok_Val && value.is<Arbor::DoubleVariant>();
+}
+
+bool VExpr::mayRemoveAttribute(Token) {
+    return false;
+}
+
+void VExpr::setAttributeRaw(Token name, const Variant& value) {
+    if (const auto* number = value.as<Arbor::DoubleVariant>(); number && name == tok_Val)
+        val_ = number->val();
+}
+
+void VExpr::removeAttributeRaw(Token) {}
+
+void VExpr::setAttributeString(Token name, const char* text) {
+    if (name != tok_Val) {
+        domError("illegal attribute '%s'\n", name.text());
+        throw DomException(DomException::InvalidAccessErr);
+    }
+    if (!text) text = "";
+    double value = NaN();
+    // An infinite limit means "none given": the text is not parsed at all, so that "-inf" and
+    // the like stand for NaN just as "inf" does.
+    if (!std::strstr(text, "inf")) {
+        if (std::sscanf(text, " %lf ", &value) != 1) {
+            domError("illegal value string [Val='%s']\n", text);
+            throw DomException(DomException::InvalidAccessErr);
+        }
+        // The comparisons are false for a NaN, which thus stays as it is.
+        const Token tag = tagName();
+        if ((tag == tok_ViewingBoxXMax || tag == tok_ViewingBoxYMax || tag == tok_ViewingBoxZMax) &&
+            value > viewingBoxBound)
+            value = viewingBoxBound;
+        if ((tag == tok_ViewingBoxXMin || tag == tok_ViewingBoxYMin || tag == tok_ViewingBoxZMin) &&
+            value < -viewingBoxBound)
+            value = -viewingBoxBound;
+    }
+    setAttribute(tok_Val, Arbor::DoubleVariant(value));
+}
+
+bool VExpr::afterAttributeChange(Arbor::Element* source, Token name) {
+    if (source == this) fireAfterPropertyChange(name);
+    return false;
+}
+
+std::ostream& VExpr::putAttributesXml(std::ostream& out) {
+    if (!std::isnan(val_)) out << " Val=\"" << val_ << '"';
+    return out;
+}
+
+void NamedVExprElement::putCmd(CmdOStream& out) {
+    out.beginItem();
+    out << nodeName() << '=';
+    putCmdExprValue(out);
+    out.endItem();
+}
+
+void ViewingBoxExprElement::putCmd(CmdOStream& out) {
+    auto* system = dynamic_cast<PlotElement*>(parentNode());
+    if (system &&
+        (system->tagName() == tok_CoordinateSystem2d ||
+         system->tagName() == tok_CoordinateSystem3d) &&
+        system->hasProperty(tok_AutoViewingBox)) {
+        const Variant mask = system->getProperty(tok_AutoViewingBox);
+        if (const auto* bits = mask.as<Arbor::LongVariant>(); bits && (bits->val() & partFlag()))
+            return;
+    }
+    NamedVExprElement::putCmd(out);
+}
+
+GRAFEL_REGISTER_ELEMENT_CLASS(VExpr);
+GRAFEL_REGISTER_ELEMENT_CLASS(AxesOriginX);
+GRAFEL_REGISTER_ELEMENT_CLASS(AxesOriginY);
+GRAFEL_REGISTER_ELEMENT_CLASS(AxesOriginZ);
+GRAFEL_REGISTER_ELEMENT_CLASS(ParameterBegin);
+GRAFEL_REGISTER_ELEMENT_CLASS(ParameterEnd);
+GRAFEL_REGISTER_ELEMENT_CLASS(XTicksAnchor);
+GRAFEL_REGISTER_ELEMENT_CLASS(YTicksAnchor);
+GRAFEL_REGISTER_ELEMENT_CLASS(ZTicksAnchor);
+GRAFEL_REGISTER_ELEMENT_CLASS(XTicksDistance);
+GRAFEL_REGISTER_ELEMENT_CLASS(YTicksDistance);
+GRAFEL_REGISTER_ELEMENT_CLASS(ZTicksDistance);
+GRAFEL_REGISTER_ELEMENT_CLASS(ViewingBoxXMin);
+GRAFEL_REGISTER_ELEMENT_CLASS(ViewingBoxXMax);
+GRAFEL_REGISTER_ELEMENT_CLASS(ViewingBoxYMin);
+GRAFEL_REGISTER_ELEMENT_CLASS(ViewingBoxYMax);
+GRAFEL_REGISTER_ELEMENT_CLASS(ViewingBoxZMin);
+GRAFEL_REGISTER_ELEMENT_CLASS(ViewingBoxZMax);
+
+} // namespace Grafel

@@ -1,0 +1,129 @@
+// Sequence items and named expressions that hold a number beside their text: the number is what
+// a viewer computed for the expression (a tick value, an axis origin, a viewing box limit), and
+// is NaN until one was stated.
+#pragma once
+
+#include <grafel/foundation/NaN.h>
+#include <grafel/properties/TextElements.h>
+
+namespace Grafel {
+
+/// An expression text with its value, the attribute Val. Like Expr it has no descriptor table:
+/// its one attribute is handled here, and any other name is an illegal attribute. A NaN value
+/// is not written to XML.
+class VExpr : public SeqExprElement {
+    GRAFEL_ELEMENT_CLASS(VExpr)
+    VExpr(const VExpr& other) = default;
+
+    /// The value; NaN when none was stated.
+    double getVal() const { return val_; }
+
+    /// Val as a DoubleVariant (NaN included); any other name reports and throws DomException 15.
+    Arbor::Variant getAttribute(Arbor::Token name) const override;
+    /// True for Val only.
+    bool hasAttribute(Arbor::Token name) const override;
+    /// Reads Val: a text containing "inf" is NaN; otherwise one number, limited to +-1e30 on
+    /// the viewing box limits. Bad text or another name reports and throws DomException 15.
+    void setAttributeString(Arbor::Token name, const char* text) override;
+    bool hasProperty(Arbor::Token name) const override;
+    /// The same as getAttribute().
+    Arbor::Variant getProperty(Arbor::Token name) const override;
+    /// The same as setAttribute(): nothing is inherited.
+    void setProperty(Arbor::Token name, const Arbor::Variant& value) override;
+    bool isPropertyEnabled(Arbor::Token name) const override;
+    /// A static descriptor for Val, null for any other name.
+    Property* propertyInfo(Arbor::Token name) const override;
+    /// Fires for a change on this element; never goes on to the children.
+    bool afterAttributeChange(Arbor::Element* source, Arbor::Token name) override;
+
+protected:
+    explicit VExpr(Arbor::Document* document) : SeqExprElement(document), val_(NaN()) {}
+
+    /// Val with a DoubleVariant.
+    bool maySetAttribute(Arbor::Token name, const Arbor::Variant& value) override;
+    /// Val cannot be removed: NaN stands for its absence.
+    bool mayRemoveAttribute(Arbor::Token name) override;
+    void setAttributeRaw(Arbor::Token name, const Arbor::Variant& value) override;
+    void removeAttributeRaw(Arbor::Token name) override;
+    /// ` Val="value"`, or nothing for NaN.
+    std::ostream& putAttributesXml(std::ostream& out) override;
+
+    double val_;
+};
+
+/// A value expression under its own tag: written as the item tag=(text), or tag=NIL.
+class NamedVExprElement : public VExpr {
+public:
+    NamedVExprElement(const NamedVExprElement& other) = default;
+
+    void putCmd(CmdOStream& out) override;
+
+protected:
+    explicit NamedVExprElement(Arbor::Document* document) : VExpr(document) {}
+};
+
+/// The x coordinate of the axes' crossing.
+GRAFEL_TEXT_LEAF_CLASS(AxesOriginX, NamedVExprElement);
+/// The y coordinate of the axes' crossing.
+GRAFEL_TEXT_LEAF_CLASS(AxesOriginY, NamedVExprElement);
+/// The z coordinate of the axes' crossing.
+GRAFEL_TEXT_LEAF_CLASS(AxesOriginZ, NamedVExprElement);
+/// The first value of the animation parameter.
+GRAFEL_TEXT_LEAF_CLASS(ParameterBegin, NamedVExprElement);
+/// The last value of the animation parameter.
+GRAFEL_TEXT_LEAF_CLASS(ParameterEnd, NamedVExprElement);
+/// A value that the ticks of the x axis pass through.
+GRAFEL_TEXT_LEAF_CLASS(XTicksAnchor, NamedVExprElement);
+/// A value that the ticks of the y axis pass through.
+GRAFEL_TEXT_LEAF_CLASS(YTicksAnchor, NamedVExprElement);
+/// A value that the ticks of the z axis pass through.
+GRAFEL_TEXT_LEAF_CLASS(ZTicksAnchor, NamedVExprElement);
+/// The distance between ticks of the x axis.
+GRAFEL_TEXT_LEAF_CLASS(XTicksDistance, NamedVExprElement);
+/// The distance between ticks of the y axis.
+GRAFEL_TEXT_LEAF_CLASS(YTicksDistance, NamedVExprElement);
+/// The distance between ticks of the z axis.
+GRAFEL_TEXT_LEAF_CLASS(ZTicksDistance, NamedVExprElement);
+
+/// A limit of the viewing box. A coordinate system that found the limit itself marks it in
+/// its AutoViewingBox mask; such a limit stays out of the command text, so that the host
+/// finds it again rather than being held to the found value.
+class ViewingBoxExprElement : public NamedVExprElement {
+public:
+    ViewingBoxExprElement(const ViewingBoxExprElement& other) = default;
+
+    /// Nothing under a CoordinateSystem2d or CoordinateSystem3d whose AutoViewingBox has
+    /// partFlag(); otherwise as any named value expression.
+    void putCmd(CmdOStream& out) override;
+    /// The bit of this limit in AutoViewingBox.
+    virtual long partFlag() const = 0;
+
+protected:
+    explicit ViewingBoxExprElement(Arbor::Document* document) : NamedVExprElement(document) {}
+};
+
+/// A viewing box limit whose bit in AutoViewingBox is Flag.
+template <long Flag> class ViewingBoxPart : public ViewingBoxExprElement {
+public:
+    ViewingBoxPart(const ViewingBoxPart& other) = default;
+
+    long partFlag() const override { return Flag; }
+
+protected:
+    explicit ViewingBoxPart(Arbor::Document* document) : ViewingBoxExprElement(document) {}
+};
+
+/// The lower x limit; a value below -1e30 is read as -1e30.
+GRAFEL_TEXT_LEAF_CLASS(ViewingBoxXMin, ViewingBoxPart<1>);
+/// The upper x limit; a value above 1e30 is read as 1e30.
+GRAFEL_TEXT_LEAF_CLASS(ViewingBoxXMax, ViewingBoxPart<2>);
+/// The lower y limit; a value below -1e30 is read as -1e30.
+GRAFEL_TEXT_LEAF_CLASS(ViewingBoxYMin, ViewingBoxPart<4>);
+/// The upper y limit; a value above 1e30 is read as 1e30.
+GRAFEL_TEXT_LEAF_CLASS(ViewingBoxYMax, ViewingBoxPart<8>);
+/// The lower z limit; a value below -1e30 is read as -1e30.
+GRAFEL_TEXT_LEAF_CLASS(ViewingBoxZMin, ViewingBoxPart<16>);
+/// The upper z limit; a value above 1e30 is read as 1e30.
+GRAFEL_TEXT_LEAF_CLASS(ViewingBoxZMax, ViewingBoxPart<32>);
+
+} // namespace Grafel

@@ -1,0 +1,446 @@
+#include <grafel/arbor/DocumentFragment.h>
+#include <grafel/arbor/DomException.h>
+#include <grafel/arbor/Text.h>
+#include <grafel/properties/AfterPropertyChangeEvent.h>
+#include <grafel/properties/ElementClass.h>
+#include <grafel/properties/Expr.h>
+#include <grafel/properties/ExprHolders.h>
+#include <grafel/properties/MemberTable.h>
+#include <grafel/properties/PropertyTypes.h>
+#include <grafel/properties/TicksAt.h>
+#include <grafel/properties/VExpr.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <sstream>
+
+using namespace Grafel;
+using Arbor::Ref;
+using Arbor::Token;
+
+// Tags of the stand-ins below.
+namespace Grafel {
+constexpr int id_FakeSystem = id_CoordinateSystem2d;
+constexpr int id_FakeScene = id_Scene2d;
+constexpr int id_FakeTick = id_TickPos;
+} // namespace Grafel
+
+namespace {
+
+// Stand-ins for a coordinate system (and an element of another tag with the same mask), and
+// for a tick that writes its value as an item.
+#define FAKE_SYSTEM_TABLE(P) P(Optional, LongProperty, AutoViewingBox, 0L, 0L)
+
+class FakeSystem : public PlotElement {
+public:
+    explicit FakeSystem(Arbor::Document* d) : PlotElement(d) {}
+    GRAFEL_ELEMENT_CLASS(FakeSystem)
+    GRAFEL_MEMBER_PROPERTIES(FakeSystem, FAKE_SYSTEM_TABLE)
+};
+GRAFEL_DEFINE_MEMBER_PROPERTIES(FakeSystem, FAKE_SYSTEM_TABLE)
+
+class FakeScene : public PlotElement {
+public:
+    explicit FakeScene(Arbor::Document* d) : PlotElement(d) {}
+    GRAFEL_ELEMENT_CLASS(FakeScene)
+    GRAFEL_MEMBER_PROPERTIES(FakeScene, FAKE_SYSTEM_TABLE)
+};
+GRAFEL_DEFINE_MEMBER_PROPERTIES(FakeScene, FAKE_SYSTEM_TABLE)
+
+class FakeTick : public PlotElement {
+public:
+    explicit FakeTick(Arbor::Document* d) : PlotElement(d) {}
+    GRAFEL_ELEMENT_CLASS(FakeTick)
+    void putCmd(CmdOStream& out) override {
+        out.beginItem();
+        out << indexInParent();
+        out.endItem();
+    }
+};
+
+std::vector<std::string> reports;
+void collect(const char* format, va_list args) {
+    char text[256];
+    vsnprintf(text, sizeof text, format, args);
+    if (std::string(text) != "Grafel error: ") reports.push_back(text);
+}
+
+struct Events : Arbor::IDocObserver {
+    std::vector<std::pair<Arbor::Element*, Token>> heard;
+    void handleEvent(Arbor::DomEvent& e) override {
+        heard.emplace_back(e.target(), static_cast<Arbor::DomAttributeEvent&>(e).attribute());
+    }
+};
+
+struct TextDoc : ElementDocument {
+    TextDoc() {
+        reports.clear();
+        domErrorHdl(collect);
+    }
+
+    /// A new element of the registered class of `tag`, with a Text child when `text` is given.
+    template <class T = PlotElement> Ref<T> make(Token tag, const wchar_t* text = nullptr) {
+        Ref<Arbor::Element> element(createElement(tag));
+        Ref<T> typed(dynamic_cast<T*>(element.get()));
+        EXPECT_TRUE(typed) << tag.text();
+        if (typed && text) typed->appendChild(createTextNode(text));
+        return typed;
+    }
+    Ref<IExpr> item(const wchar_t* text) { return make<IExpr>(tok_IExpr, text); }
+};
+
+std::string cmd(PlotElement* element) {
+    std::ostringstream out;
+    CmdOStream stream(out, tok_MM);
+    element->putCmd(stream);
+    return out.str();
+}
+
+std::string xml(Arbor::Node* node) {
+    std::ostringstream out;
+    node->putXml(out);
+    return out.str();
+}
+
+/// The DOM code thrown by `action`, 0 when it throws none.
+long domCode(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Arbor::DomException& e) {
+        return e.code();
+    }
+    return 0;
+}
+
+/// Puts an entry with `text` in the place of entry `index` of a holder.
+void setItem(TextDoc& doc, PlotElement* holder, unsigned index, const wchar_t* text) {
+    holder->replaceChild(doc.item(text).get(), holder->findChild(index));
+}
+
+} // namespace
+
+TEST(TextRegistry, EveryTagMakesAnElementOfThatTag) {
+    TextDoc doc;
+    for (Token tag :
+         {tok_Title,          tok_Header,         tok_Footer,         tok_LegendText,
+          tok_XAxisTitle,     tok_YAxisTitle,     tok_ZAxisTitle,     tok_ParameterName,
+          tok_TitlePositionX, tok_TitlePositionY, tok_TitlePositionZ, tok_IExpr,
+          tok_VExpr,          tok_AxesOriginX,    tok_AxesOriginY,    tok_AxesOriginZ,
+          tok_ParameterBegin, tok_ParameterEnd,   tok_XTicksAnchor,   tok_YTicksAnchor,
+          tok_ZTicksAnchor,   tok_XTicksDistance, tok_YTicksDistance, tok_ZTicksDistance,
+          tok_ViewingBoxXMin, tok_ViewingBoxXMax, tok_ViewingBoxYMin, tok_ViewingBoxYMax,
+          tok_ViewingBoxZMin, tok_ViewingBoxZMax, tok_Expr,           tok_ExprSeq,
+          tok_ColorFunc,      tok_Matrix2d,       tok_Matrix3d,       tok_TextOrientation,
+          tok_XTicksAt,       tok_YTicksAt,       tok_ZTicksAt}) {
+        Ref<PlotElement> element = doc.make(tag);
+        ASSERT_TRUE(element);
+        EXPECT_EQ(element->tagName(), tag);
+        Ref<Arbor::Node> copy(element->cloneNode(true));
+        EXPECT_EQ(copy->nodeName(), tag);
+    }
+    std::vector<long> flags;
+    for (Token tag : {tok_ViewingBoxXMin, tok_ViewingBoxXMax, tok_ViewingBoxYMin,
+                      tok_ViewingBoxYMax, tok_ViewingBoxZMin, tok_ViewingBoxZMax})
+        flags.push_back(doc.make<ViewingBoxExprElement>(tag)->partFlag());
+    EXPECT_EQ(flags, (std::vector<long>{1, 2, 4, 8, 16, 32}));
+}
+
+TEST(TextPCData, OnlyTheHeadOfAnIncomingChainIsChecked) {
+    TextDoc doc;
+    // A Text followed by an element passes: the element behind the head is not looked at.
+    Ref<Title> title = doc.make<Title>(tok_Title);
+    Ref<Arbor::DocumentFragment> chain(doc.createDocumentFragment());
+    chain->appendChild(doc.createTextNode(L"a"));
+    chain->appendChild(doc.item(L"b").get());
+    title->appendChild(chain.get());
+    EXPECT_EQ(title->items(), 2u);
+    EXPECT_FALSE(title->isEmpty(true));
+    EXPECT_TRUE(reports.empty());
+
+    Ref<Title> other = doc.make<Title>(tok_Title);
+    EXPECT_EQ(domCode([&] { other->appendChild(doc.item(L"b").get()); }), 3);
+    EXPECT_EQ(reports, std::vector<std::string>{"not a text node child [parent 'Title']\n"});
+    EXPECT_EQ(other->items(), 0u);
+}
+
+TEST(TextPCData, BlanksCountOnlyWhenAsked) {
+    TextDoc doc;
+    Ref<IExpr> e = doc.make<IExpr>(tok_IExpr);
+    EXPECT_TRUE(e->isEmpty(false));
+    e->appendChild(doc.createTextNode(L"")); // an empty text counts for nothing
+    EXPECT_TRUE(e->isEmpty(false));
+    e->appendChild(doc.createTextNode(L" \t\r\n"));
+    EXPECT_TRUE(e->isEmpty(true));
+    EXPECT_FALSE(e->isEmpty(false));
+    e->appendChild(doc.createTextNode(L"!"));
+    EXPECT_FALSE(e->isEmpty(true));
+    EXPECT_EQ(cmd(e.get()), " \t\r\n!"); // the bare text, unescaped
+}
+
+TEST(TextVExpr, ReadsInfAsNaNAndLimitsTheViewingBoxByTag) {
+    TextDoc doc;
+    auto read = [&](Token tag, const char* text) {
+        Ref<VExpr> v = doc.make<VExpr>(tag);
+        v->setAttributeString(tok_Val, text);
+        return v->getVal();
+    };
+    EXPECT_TRUE(std::isnan(doc.make<VExpr>(tok_VExpr)->getVal()));
+    EXPECT_EQ(read(tok_VExpr, " 2.5 "), 2.5);
+    EXPECT_TRUE(std::isnan(read(tok_VExpr, "-inf")));
+    EXPECT_TRUE(std::isnan(read(tok_VExpr, "12inf")));
+    EXPECT_EQ(read(tok_AxesOriginX, "1e31"), 1e31);
+    EXPECT_EQ(read(tok_ViewingBoxXMax, "1e31"), 1e30);
+    EXPECT_EQ(read(tok_ViewingBoxZMax, "-1e31"), -1e31); // a maximum is limited from above only
+    EXPECT_EQ(read(tok_ViewingBoxYMin, "-1e31"), -1e30);
+    EXPECT_EQ(read(tok_ViewingBoxXMin, "1e31"), 1e31);
+    EXPECT_TRUE(std::isnan(read(tok_ViewingBoxXMax, "nan"))); // passes the bound tests
+    EXPECT_TRUE(reports.empty());
+
+    Ref<VExpr> v = doc.make<VExpr>(tok_VExpr);
+    v->setAttributeString(tok_Val, "3");
+    EXPECT_EQ(domCode([&] { v->setAttributeString(tok_Val, "x1"); }), 15);
+    EXPECT_EQ(domCode([&] { v->setAttributeString(tok_Opt, "1"); }), 15);
+    EXPECT_EQ(domCode([&] { v->getAttribute(tok_Opt); }), 15);
+    EXPECT_EQ(reports,
+              (std::vector<std::string>{"illegal value string [Val='x1']\n",
+                                        "illegal attribute 'Opt'\n", "illegal attribute 'Opt'\n"}));
+    EXPECT_EQ(v->getVal(), 3.0);
+}
+
+TEST(TextVExpr, TakesOnlyADoubleAndKeepsIt) {
+    TextDoc doc;
+    Ref<VExpr> v = doc.make<VExpr>(tok_VExpr);
+    EXPECT_EQ(domCode([&] { v->setAttribute(tok_Val, Arbor::LongVariant(1)); }), 15);
+    v->setProperty(tok_Val, Arbor::DoubleVariant(4.0));
+    EXPECT_EQ(v->getProperty(tok_Val), Arbor::DoubleVariant(4.0));
+    EXPECT_EQ(domCode([&] { v->removeAttribute(tok_Val); }), 15);
+    EXPECT_EQ(v->getVal(), 4.0);
+    EXPECT_EQ(v->propertyInfo(tok_Opt), nullptr);
+    EXPECT_TRUE(reports.empty());
+}
+
+TEST(TextVExpr, BlankTextWritesNilAndTheValueStaysInXml) {
+    TextDoc doc;
+    Ref<VExpr> v = doc.make<VExpr>(tok_VExpr, L"  ");
+    v->setAttributeString(tok_Val, "2");
+    EXPECT_EQ(cmd(v.get()), "NIL");
+    EXPECT_EQ(xml(v.get()), "<VExpr Val=\"2\">  </VExpr>");
+    Ref<VExpr> unset = doc.make<VExpr>(tok_VExpr, L"a");
+    EXPECT_EQ(xml(unset.get()), "<VExpr>a</VExpr>");
+}
+
+TEST(TextExpr, OptIsATokenThatAlwaysShows) {
+    TextDoc doc;
+    Ref<Expr> e = doc.make<Expr>(tok_Expr, L"x^2");
+    EXPECT_EQ(xml(e.get()), "<Expr Opt=\"\">x^2</Expr>");
+    const Tessel::FixedStringBase<wchar_t> name(L"Function");
+    EXPECT_EQ(domCode([&] { e->setAttribute(tok_Opt, Arbor::FixedUStringVariant(name)); }), 15);
+    EXPECT_TRUE(e->getOpt().isNull());
+
+    e->setAttributeString(tok_Opt, "Function");
+    EXPECT_EQ(e->getOpt(), tok_Function);
+    EXPECT_EQ(e->getAttribute(tok_Opt), Arbor::TokenVariant(tok_Function));
+    EXPECT_EQ(xml(e.get()), "<Expr Opt=\"Function\">x^2</Expr>");
+    EXPECT_EQ(cmd(e.get()), "  Function=(x^2)");
+    EXPECT_EQ(cmd(doc.make<Expr>(tok_Expr, L"\n").get()), "  =NIL");
+    EXPECT_TRUE(reports.empty());
+
+    EXPECT_EQ(domCode([&] { e->setAttributeString(tok_Opt, ""); }), 15);
+    EXPECT_EQ(domCode([&] { e->setAttributeString(tok_Val, "1"); }), 15);
+    EXPECT_EQ(domCode([&] { e->getProperty(tok_Val); }), 15);
+    EXPECT_EQ(domCode([&] { e->removeAttribute(tok_Opt); }), 15);
+    EXPECT_EQ(reports, (std::vector<std::string>{"empty option name\n", "illegal attribute 'Val'\n",
+                                                 "illegal attribute 'Val'\n"}));
+    EXPECT_EQ(e->getOpt(), tok_Function);
+    EXPECT_TRUE(e->hasAttribute(tok_Opt));
+    EXPECT_FALSE(e->hasAttribute(tok_Val));
+}
+
+TEST(TextExpr, ChangesFireOnTheElementItselfAndStopThere) {
+    TextDoc doc;
+    Events events;
+    doc.addObserver(&events, tok_AfterPropertyChange);
+    Ref<Expr> e = doc.make<Expr>(tok_Expr);
+    Ref<VExpr> v = doc.make<VExpr>(tok_VExpr);
+    e->setAttributeString(tok_Opt, "Radius");
+    v->setAttributeString(tok_Val, "1");
+    using Heard = std::vector<std::pair<Arbor::Element*, Token>>;
+    EXPECT_EQ(events.heard, (Heard{{e.get(), tok_Opt}, {v.get(), tok_Val}}));
+
+    events.heard.clear();
+    EXPECT_FALSE(e->afterAttributeChange(e.get(), tok_Opt));
+    EXPECT_FALSE(e->afterAttributeChange(v.get(), tok_Opt)); // from elsewhere: silent
+    EXPECT_FALSE(v->afterAttributeChange(e.get(), tok_Val));
+    EXPECT_EQ(events.heard, (Heard{{e.get(), tok_Opt}}));
+    doc.removeObserver(&events);
+}
+
+TEST(TextStrings, QuotedEscapedAndSeparatedAsItems) {
+    TextDoc doc;
+    Ref<Title> title = doc.make<Title>(tok_Title, L"");
+    Ref<Header> header = doc.make<Header>(tok_Header, L"say \"hi\"\n");
+    std::ostringstream out;
+    CmdOStream stream(out, tok_MM);
+    title->putCmd(stream);
+    header->putCmd(stream);
+    EXPECT_EQ(out.str(), "  Title=\"\",\r\n  Header=\"say \\\"hi\\\"\\n\"");
+}
+
+TEST(TextNamedExpr, ParenthesesOrNil) {
+    TextDoc doc;
+    EXPECT_EQ(cmd(doc.make(tok_ParameterName, L"u").get()), "  ParameterName=(u)");
+    EXPECT_EQ(cmd(doc.make(tok_TitlePositionX, L" ").get()), "  TitlePositionX=NIL");
+    EXPECT_EQ(cmd(doc.make(tok_AxesOriginY, L"a+1").get()), "  AxesOriginY=(a+1)");
+    EXPECT_EQ(cmd(doc.make(tok_ParameterEnd).get()), "  ParameterEnd=NIL");
+}
+
+TEST(TextHolders, FreshHoldersAreCompleteAndVoid) {
+    TextDoc doc;
+    Ref<PlotElement> m3 = doc.make(tok_Matrix3d);
+    EXPECT_EQ(m3->items(), 9u);
+    for (Arbor::Node* n = m3->firstChild(); n; n = n->nextSibling()) {
+        ASSERT_EQ(n->nodeName(), tok_IExpr);
+        EXPECT_FALSE(n->hasChildNodes());
+    }
+    EXPECT_EQ(xml(m3.get()), "");
+    EXPECT_EQ(cmd(m3.get()), "  Matrix3d=NIL");
+    EXPECT_EQ(doc.make(tok_Matrix2d)->items(), 4u);
+    Ref<PlotElement> orientation = doc.make(tok_TextOrientation);
+    EXPECT_EQ(orientation->items(), 6u);
+    EXPECT_EQ(cmd(orientation.get()), "  TextOrientation=NIL");
+    Ref<ColorFunc> colors = doc.make<ColorFunc>(tok_ColorFunc);
+    EXPECT_EQ(colors->items(), 1u);
+    EXPECT_EQ(xml(colors.get()), "");
+}
+
+TEST(TextHolders, Matrix2dExchangesEntriesOneForOne) {
+    TextDoc doc;
+    Ref<PlotElement> m = doc.make(tok_Matrix2d);
+    setItem(doc, m.get(), 0, L"1");
+    EXPECT_EQ(domCode([&] { m->appendChild(doc.item(L"5").get()); }), 3);
+    EXPECT_EQ(domCode([&] { m->removeChild(m->firstChild()); }), 3);
+    EXPECT_EQ(domCode([&] { m->replaceChild(doc.make(tok_VExpr).get(), m->firstChild()); }), 3);
+    EXPECT_TRUE(reports.empty());
+    EXPECT_EQ(m->items(), 4u);
+
+    setItem(doc, m.get(), 3, L"1");
+    EXPECT_EQ(cmd(m.get()), "  Matrix2d=[1,NIL,NIL,1]");
+    EXPECT_EQ(
+        xml(m.get()),
+        "<Matrix2d><IExpr>1</IExpr><IExpr></IExpr><IExpr></IExpr><IExpr>1</IExpr></Matrix2d>");
+    // Only the first entry is looked at: with it blank, the rest is not written.
+    setItem(doc, m.get(), 0, L" ");
+    EXPECT_EQ(xml(m.get()), "");
+    EXPECT_EQ(cmd(m.get()), "  Matrix2d=NIL");
+}
+
+TEST(TextHolders, AnEntryMovedFromASequenceComesAlone) {
+    TextDoc doc;
+    Ref<Expr> seq = doc.make<Expr>(tok_ExprSeq);
+    seq->appendChild(doc.item(L"a").get());
+    seq->appendChild(doc.item(L"b").get());
+    Ref<PlotElement> m = doc.make(tok_Matrix2d);
+    // The entry's next sibling stays in the sequence and must not count as incoming.
+    m->replaceChild(seq->firstChild(), m->firstChild());
+    EXPECT_EQ(m->items(), 4u);
+    EXPECT_EQ(seq->items(), 1u);
+    EXPECT_EQ(cmd(m.get()), "  Matrix2d=[a,NIL,NIL,NIL]");
+}
+
+TEST(TextHolders, CopiesHaveTheirEntriesOnce) {
+    TextDoc doc;
+    Ref<PlotElement> m = doc.make(tok_Matrix2d);
+    setItem(doc, m.get(), 0, L"1");
+    setItem(doc, m.get(), 1, L"2");
+    Ref<PlotElement> deep(static_cast<PlotElement*>(m->cloneNode(true)));
+    EXPECT_EQ(cmd(deep.get()), "  Matrix2d=[1,2,NIL,NIL]");
+    Ref<PlotElement> shallow(static_cast<PlotElement*>(m->cloneNode(false)));
+    EXPECT_EQ(shallow->items(), 4u);
+    EXPECT_EQ(cmd(shallow.get()), "  Matrix2d=NIL");
+    Ref<Matrix2d> copied(new Matrix2d(*static_cast<Matrix2d*>(m.get())));
+    EXPECT_EQ(cmd(copied.get()), "  Matrix2d=[1,2,NIL,NIL]");
+
+    Ref<ColorFunc> colors = doc.make<ColorFunc>(tok_ColorFunc);
+    colors->setAttributeString(tok_Opt, "FillColorFunction");
+    setItem(doc, colors.get(), 0, L"r");
+    colors->appendChild(doc.item(L"g").get());
+    Ref<ColorFunc> copy(static_cast<ColorFunc*>(colors->cloneNode(true)));
+    EXPECT_EQ(copy->items(), 2u);
+    EXPECT_TRUE(copy->getOpt().isNull()); // cloneNode keeps the constructor's values
+    Ref<ColorFunc> same(new ColorFunc(*colors));
+    EXPECT_EQ(cmd(same.get()), "  FillColorFunction=[r,g]");
+}
+
+TEST(TextColorFunc, RoundForOneEntrySquareForMoreAndOneToFour) {
+    TextDoc doc;
+    Ref<ColorFunc> colors = doc.make<ColorFunc>(tok_ColorFunc);
+    colors->setAttributeString(tok_Opt, "LineColorFunction");
+    EXPECT_EQ(cmd(colors.get()), "  LineColorFunction=NIL");
+    setItem(doc, colors.get(), 0, L"t");
+    EXPECT_EQ(cmd(colors.get()), "  LineColorFunction=(t)");
+    EXPECT_EQ(xml(colors.get()),
+              "<ColorFunc Opt=\"LineColorFunction\"><IExpr>t</IExpr></ColorFunc>");
+    colors->appendChild(doc.item(L"u").get());
+    EXPECT_EQ(cmd(colors.get()), "  LineColorFunction=[t,u]");
+    colors->appendChild(doc.item(L"v").get());
+    colors->appendChild(doc.item(L"w").get());
+    EXPECT_EQ(domCode([&] { colors->appendChild(doc.item(L"x").get()); }), 3);
+    Ref<Arbor::Text> text(doc.createTextNode(L"x"));
+    EXPECT_EQ(domCode([&] { colors->appendChild(text.get()); }), 3);
+    EXPECT_EQ(colors->items(), 4u);
+    while (colors->items() > 1) colors->removeChild(colors->lastChild());
+    EXPECT_EQ(domCode([&] { colors->removeChild(colors->firstChild()); }), 3);
+    EXPECT_TRUE(reports.empty());
+    setItem(doc, colors.get(), 0, L" \n ");
+    EXPECT_EQ(xml(colors.get()), "");
+}
+
+TEST(TextExprSeq, IExprChildrenInSquareBrackets) {
+    TextDoc doc;
+    Ref<Expr> seq = doc.make<Expr>(tok_ExprSeq);
+    seq->setAttributeString(tok_Opt, "Contours");
+    EXPECT_EQ(cmd(seq.get()), "  Contours=NIL");
+    seq->appendChild(doc.item(L"1").get());
+    seq->appendChild(doc.item(L"").get());
+    EXPECT_EQ(cmd(seq.get()), "  Contours=[1,NIL]");
+    Ref<Arbor::Text> text(doc.createTextNode(L"2"));
+    EXPECT_EQ(domCode([&] { seq->appendChild(text.get()); }), 3);
+    EXPECT_EQ(domCode([&] { seq->appendChild(doc.make(tok_VExpr).get()); }), 3);
+    seq->removeChild(seq->firstChild());
+    EXPECT_TRUE(reports.empty());
+    EXPECT_EQ(xml(seq.get()), "<ExprSeq Opt=\"Contours\"><IExpr></IExpr></ExprSeq>");
+}
+
+TEST(TextTicksAt, TickPosChildrenOnlyEachAnItemOfItsOwn) {
+    TextDoc doc;
+    Ref<PlotElement> ticks = doc.make(tok_YTicksAt);
+    EXPECT_EQ(cmd(ticks.get()), "  YTicksAt=NIL");
+    EXPECT_EQ(domCode([&] { ticks->appendChild(doc.item(L"1").get()); }), 3);
+    EXPECT_TRUE(reports.empty());
+    ticks->appendChild(FakeTick::create(&doc));
+    ticks->appendChild(FakeTick::create(&doc));
+    EXPECT_EQ(cmd(ticks.get()), "  YTicksAt=[    0,\r\n    1]");
+    ticks->removeChild(ticks->firstChild());
+    EXPECT_EQ(ticks->items(), 1u);
+}
+
+TEST(TextViewingBox, LimitsFoundAutomaticallyStayOutOfTheCommandText) {
+    TextDoc doc;
+    Ref<PlotElement> system(FakeSystem::create(&doc));
+    Ref<PlotElement> xMin = doc.make(tok_ViewingBoxXMin, L"0");
+    Ref<PlotElement> zMax = doc.make(tok_ViewingBoxZMax, L"1");
+    system->appendChild(xMin.get());
+    system->appendChild(zMax.get());
+    EXPECT_EQ(cmd(xMin.get()), "  ViewingBoxXMin=(0)");
+    system->setAttribute(tok_AutoViewingBox, Arbor::LongVariant(31));
+    EXPECT_EQ(cmd(xMin.get()), "");
+    EXPECT_EQ(cmd(zMax.get()), "  ViewingBoxZMax=(1)");
+
+    // The same mask on an element of another tag does not count.
+    Ref<PlotElement> scene(FakeScene::create(&doc));
+    scene->setAttribute(tok_AutoViewingBox, Arbor::LongVariant(31));
+    scene->appendChild(xMin.get());
+    EXPECT_EQ(cmd(xMin.get()), "  ViewingBoxXMin=(0)");
+}
