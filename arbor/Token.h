@@ -36,15 +36,15 @@ public:
         return text_ ? std::string_view(text_) : std::string_view();
     }
     constexpr bool isNull() const noexcept { return text_ == nullptr; }
-    constexpr std::uintptr_t word() const noexcept {
+    std::uintptr_t word() const noexcept {
         return reinterpret_cast<std::uintptr_t>(text_);
     }
 
     friend constexpr bool operator==(Token a, Token b) noexcept { return a.text_ == b.text_; }
     friend constexpr bool operator!=(Token a, Token b) noexcept { return a.text_ != b.text_; }
     /// Orders by word, not by text.
-    friend constexpr bool operator<(Token a, Token b) noexcept { return a.word() < b.word(); }
-    friend constexpr bool operator>(Token a, Token b) noexcept { return a.word() > b.word(); }
+    friend bool operator<(Token a, Token b) noexcept { return a.word() < b.word(); }
+    friend bool operator>(Token a, Token b) noexcept { return a.word() > b.word(); }
 
 private:
     const char* text_ = nullptr;
