@@ -39,9 +39,9 @@ void LibraryElement::putCmd(CmdOStream& out) {
     out.endItem();
 }
 
-void LibraryElement::getNextAnimationTime(double time, bool forward, double& next) {
+void LibraryElement::getNextAnimationTime(double time, bool backward, double& next) {
     for (Arbor::Node* n = firstChild(); n; n = n->nextSibling())
-        if (auto* child = PlotElement::from(n)) child->getNextAnimationTime(time, forward, next);
+        if (auto* child = PlotElement::from(n)) child->getNextAnimationTime(time, backward, next);
 }
 
 Tessel::FixedStringBase<char> LibraryElement::getId() const {

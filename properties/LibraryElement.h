@@ -13,7 +13,7 @@ class LibraryElement : public AttributeListElement {
 public:
     bool afterAttributeChange(Arbor::Element* source, Arbor::Token name) override;
     void putCmd(CmdOStream& out) override;
-    void getNextAnimationTime(double time, bool forward, double& next) override;
+    void getNextAnimationTime(double time, bool backward, double& next) override;
 
     Tessel::FixedStringBase<char> getId() const;
     Tessel::FixedStringBase<wchar_t> getName() const;

@@ -9,7 +9,8 @@
 //         P(Optional, PosOutputSizeListPropertyImpl, Width, 297.0)
 //
 // with the kind, the descriptor type (a template over the kind), the property's token name and
-// the default.
+// the default. A fifth entry, optional, names the getter where the token's text is no fit for
+// one: P(Optional, PosLongTypeL, version, 1L, Version) gives getVersion().
 #pragma once
 
 #include <grafel/foundation/Tokens.h>
@@ -19,13 +20,14 @@
 #include <grafel/properties/PropertyListMgr.h>
 
 #define GRAFEL_LIST_TYPE_(K, Type) Type<::Grafel::Kind::K>
-#define GRAFEL_LIST_GETTER_(K, Type, Name, Default)                                                \
-    ::Grafel::GetterResult<typename GRAFEL_LIST_TYPE_(K, Type)::Value> get##Name() const {         \
+#define GRAFEL_LIST_GETTER_(K, Type, Name, Default, ...)                                           \
+    ::Grafel::GetterResult<typename GRAFEL_LIST_TYPE_(K, Type)::Value> GRAFEL_GETTER_(             \
+        Name __VA_OPT__(, ) __VA_ARGS__)() const {                                                 \
         return listElement_()                                                                      \
             ->template typedProperty<typename GRAFEL_LIST_TYPE_(K, Type)::VariantType>(            \
                 ::Grafel::tok_##Name);                                                             \
     }
-#define GRAFEL_LIST_ADD_(K, Type, Name, Default)                                                   \
+#define GRAFEL_LIST_ADD_(K, Type, Name, Default, ...)                                              \
     {                                                                                              \
         static GRAFEL_LIST_TYPE_(K, Type) d(Default, ::Grafel::id_##Name);                         \
         add(::Grafel::getToken(::Grafel::id_##Name), &d);                                          \

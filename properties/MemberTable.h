@@ -10,7 +10,8 @@
 //         P(Inherited, LineStyleType, LineStyle, Arbor::Token(), getToken(id_Solid))
 //
 // with the kind, the descriptor type (a template over the element class and the kind), the
-// property's token name, the constructor's value and the descriptor's default. The class body
+// property's token name, the constructor's value and the descriptor's default. A sixth entry,
+// optional, names the getter where the token's text is no fit for one (`id` -> Id). The class body
 // says GRAFEL_MEMBER_PROPERTIES(Arc2d, GRAFEL_ARC2D_TABLE), the source file
 // GRAFEL_DEFINE_MEMBER_PROPERTIES(Arc2d, GRAFEL_ARC2D_TABLE).
 #pragma once
@@ -39,19 +40,27 @@ template <class Want, class C, class Have> constexpr Want C::*memberIf(Have C::*
 
 } // namespace Grafel
 
+// The getter of a row: get + the optional getter name, else get + the token name.
+#define GRAFEL_PICK_FIRST_(a, ...) a
+#define GRAFEL_CONCAT_(a, b) a##b
+#define GRAFEL_CONCAT_EXPANDED_(a, b) GRAFEL_CONCAT_(a, b)
+#define GRAFEL_GETTER_(Name, ...)                                                                  \
+    GRAFEL_CONCAT_EXPANDED_(get, GRAFEL_PICK_FIRST_(__VA_ARGS__ __VA_OPT__(, ) Name))
+
 #define GRAFEL_MEMBER_VALUE_(K, Type) typename Type<Self, ::Grafel::Kind::K>::Value
-#define GRAFEL_MEMBER_INDEX_(K, Type, Name, Init, Default) propertyIndex_##Name,
-#define GRAFEL_MEMBER_FIELD_(K, Type, Name, Init, Default)                                         \
+#define GRAFEL_MEMBER_INDEX_(K, Type, Name, Init, Default, ...) propertyIndex_##Name,
+#define GRAFEL_MEMBER_FIELD_(K, Type, Name, Init, Default, ...)                                    \
     GRAFEL_MEMBER_VALUE_(K, Type) m_##Name = Init;
-#define GRAFEL_MEMBER_GETTER_(K, Type, Name, Init, Default)                                        \
-    ::Grafel::GetterResult<GRAFEL_MEMBER_VALUE_(K, Type)> get##Name() const {                      \
+#define GRAFEL_MEMBER_GETTER_(K, Type, Name, Init, Default, ...)                                   \
+    ::Grafel::GetterResult<GRAFEL_MEMBER_VALUE_(K, Type)> GRAFEL_GETTER_(                          \
+        Name __VA_OPT__(, ) __VA_ARGS__)() const {                                                 \
         return m_##Name;                                                                           \
     }
-#define GRAFEL_MEMBER_MANDATORY_(K, Type, Name, Init, Default)                                     \
+#define GRAFEL_MEMBER_MANDATORY_(K, Type, Name, Init, Default, ...)                                \
     | (::Grafel::Kind::K == ::Grafel::Kind::Mandatory ? (1u << propertyIndex_##Name) : 0u)
-#define GRAFEL_MEMBER_PTR_(K, Type, Name, Init, Default)                                           \
+#define GRAFEL_MEMBER_PTR_(K, Type, Name, Init, Default, ...)                                      \
     if (id == ::Grafel::id_##Name) return ::Grafel::memberIf<Want>(&Self::m_##Name);
-#define GRAFEL_MEMBER_ADD_(K, Type, Name, Init, Default)                                           \
+#define GRAFEL_MEMBER_ADD_(K, Type, Name, Init, Default, ...)                                      \
     {                                                                                              \
         using D = Type<Self, ::Grafel::Kind::K>;                                                   \
         static D d(1u << Self::propertyIndex_##Name, Self::presencePtr(),                          \

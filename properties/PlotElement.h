@@ -62,7 +62,7 @@ public:
     /// Writes the element as command text; the base writes nothing.
     virtual void putCmd(CmdOStream& out);
     /// Narrows `next` to the next time at which something changes; the base leaves it.
-    virtual void getNextAnimationTime(double time, bool forward, double& next);
+    virtual void getNextAnimationTime(double time, bool backward, double& next);
 
     /// `node` as a plot element, or null: the cheap form of a dynamic_cast.
     static PlotElement* from(Arbor::Node* node) {
@@ -72,6 +72,9 @@ public:
     int elementFamily() const final { return family; }
     /// This element as a list element, or null.
     virtual AttributeListElement* asAttributeList() { return nullptr; }
+    const AttributeListElement* asAttributeList() const {
+        return const_cast<PlotElement*>(this)->asAttributeList();
+    }
 
     /// The owning document.
     ElementDocument* plotDocument() const { return static_cast<ElementDocument*>(document_); }
