@@ -27,7 +27,8 @@ class OptionedPlotElement : public ContentPlotElement {
 public:
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
     void replaceChildrenRaw(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
-    OptionedPlotElement(const OptionedPlotElement& other) = default;
+    /// A copy stands without children, so it starts with no option child either.
+    OptionedPlotElement(const OptionedPlotElement& other) : ContentPlotElement(other) {}
 
     /// The bits of the option children present.
     long optionChildren() const { return optionChildren_; }

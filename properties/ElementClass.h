@@ -23,6 +23,19 @@ public:                                                                         
         return new Class(document);                                                                \
     }
 
+/// As GRAFEL_ELEMENT_CLASS, for a class whose cloneNode copies the element with its copy
+/// constructor: its attribute values, or the data it keeps beside the tree (point arrays).
+#define GRAFEL_ELEMENT_CLASS_COPIED(Class)                                                         \
+public:                                                                                            \
+    ::Arbor::Token tagName() const override { return ::Grafel::getToken(::Grafel::id_##Class); }   \
+    ::Arbor::Node* cloneNode(bool deep) const override {                                           \
+        Class* copy = new Class(*this);                                                            \
+        if (deep) cloneChildren(copy);                                                             \
+        return copy;                                                                               \
+    }                                                                                              \
+    /** A new element of this class for `document`; the caller takes the first reference. */     \
+    static ::Grafel::PlotElement* create(::Arbor::Document* document) { return new Class(document); }
+
 /// Registers Class under the tag of the same name; placed once in the class's source file.
 #define GRAFEL_REGISTER_ELEMENT_CLASS(Class)                                                       \
     [[maybe_unused]] static const bool grafelRegistered##Class =                                   \

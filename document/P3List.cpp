@@ -1,0 +1,109 @@
+#include <grafel/document/P3List.h>
+
+#include <algorithm>
+#include <ostream>
+
+namespace Grafel {
+
+namespace {
+
+/// Makes room for one more element before anything is appended, so that a failed allocation
+/// leaves every array as it was and the parallel arrays never part. Grows by doubling, as the
+/// standard containers do.
+template <class T> void makeRoom(std::vector<T>& v) {
+    if (v.size() == v.capacity()) v.reserve(v.empty() ? 1 : 2 * v.size());
+}
+
+} // namespace
+
+P3List::~P3List() = default;
+
+// The public forms take their arguments by value: an item taken from this list's own arrays is
+// copied before any of them can move, and append() only sees the copies.
+
+void P3List::push_back(P3 point) {
+    append(point, nullptr, nullptr, nullptr);
+}
+
+void P3List::push_back(P3 point, P3 normal) {
+    append(point, &normal, nullptr, nullptr);
+}
+
+void P3List::push_back(P3 point, RGBA first) {
+    append(point, nullptr, &first, nullptr);
+}
+
+void P3List::push_back(P3 point, RGBA first, RGBA second) {
+    append(point, nullptr, &first, &second);
+}
+
+void P3List::push_back(P3 point, P3 normal, RGBA first) {
+    append(point, &normal, &first, nullptr);
+}
+
+void P3List::push_back(P3 point, P3 normal, RGBA first, RGBA second) {
+    append(point, &normal, &first, &second);
+}
+
+void P3List::append(const P3& point, const P3* normal, const RGBA* first, const RGBA* second) {
+    makeRoom(points_);
+    if (normal) makeRoom(normals_);
+    if (first) makeRoom(firstColors_);
+    if (second) makeRoom(secondColors_);
+    // Nothing below allocates, so nothing below throws.
+    points_.push_back(point);
+    if (normal) normals_.push_back(*normal);
+    if (first) firstColors_.push_back(*first);
+    if (second) secondColors_.push_back(*second);
+}
+
+void P3List::reserve(std::size_t n, bool withNormals, int colors) {
+    points_.reserve(n);
+    if (withNormals) normals_.reserve(n);
+    if (colors >= 1) firstColors_.reserve(n);
+    if (colors >= 2) secondColors_.reserve(n);
+}
+
+void P3List::shrinkToFit() {
+    points_.shrink_to_fit();
+    normals_.shrink_to_fit();
+    firstColors_.shrink_to_fit();
+    secondColors_.shrink_to_fit();
+}
+
+void P3List::clear() noexcept {
+    points_.clear();
+    normals_.clear();
+    firstColors_.clear();
+    secondColors_.clear();
+}
+
+std::ostream& P3List::putXml(std::ostream& out) {
+    const Arbor::Token tag = tagName();
+    out << '<' << tag;
+    putAttributesXml(out);
+    out << '>';
+
+    // The form, once for the whole list.
+    const bool withNormals = hasNormals();
+    const int colors = numColors();
+    std::size_t n = points_.size();
+    if (withNormals) n = std::min(n, normals_.size());
+    if (colors >= 1) n = std::min(n, firstColors_.size());
+    if (colors >= 2) n = std::min(n, secondColors_.size());
+
+    const P3* p = points_.data();
+    const P3* normal = normals_.data();
+    const RGBA* first = firstColors_.data();
+    const RGBA* second = secondColors_.data();
+    for (std::size_t i = 0; i < n; ++i) {
+        out << "<P3>" << p[i].x << ' ' << p[i].y << ' ' << p[i].z;
+        if (withNormals) out << ' ' << normal[i].x << ' ' << normal[i].y << ' ' << normal[i].z;
+        if (colors >= 1) out << ' ' << first[i];
+        if (colors >= 2) out << ' ' << second[i];
+        out << "</P3>";
+    }
+    return out << "</" << tag << '>';
+}
+
+} // namespace Grafel

@@ -1,0 +1,8 @@
+#include <grafel/structure/TimeRange.h>
+
+namespace Grafel {
+
+GRAFEL_DEFINE_MEMBER_PROPERTIES(TimeRange, GRAFEL_TIMERANGE_TABLE)
+GRAFEL_REGISTER_ELEMENT_CLASS(TimeRange);
+
+} // namespace Grafel
