@@ -29,6 +29,11 @@ public:
     void replaceChildrenRaw(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
     /// A copy stands without children, so it starts with no option child either.
     OptionedPlotElement(const OptionedPlotElement& other) : ContentPlotElement(other) {}
+    /// Assigns values, not children: the option mask stays that of this element's children.
+    OptionedPlotElement& operator=(const OptionedPlotElement& other) {
+        ContentPlotElement::operator=(other);
+        return *this;
+    }
 
     /// The bits of the option children present.
     long optionChildren() const { return optionChildren_; }
