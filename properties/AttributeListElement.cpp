@@ -11,16 +11,6 @@ using Arbor::DomException;
 using Arbor::Token;
 using Arbor::Variant;
 
-std::vector<AttributeValue>::const_iterator AttributeListElement::lowerBound(Token name) const {
-    return std::lower_bound(attributes_.begin(), attributes_.end(), name,
-                            [](const AttributeValue& a, Token t) { return a.name > t; });
-}
-
-const Variant* AttributeListElement::findAttribute(Token name) const {
-    auto it = lowerBound(name);
-    return it != attributes_.end() && it->name == name ? &it->value : nullptr;
-}
-
 bool AttributeListElement::hasAttribute(Token name) const {
     return findAttribute(name) != nullptr;
 }

@@ -5,6 +5,7 @@
 
 #include <grafel/properties/ContentPlotElement.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace Grafel {
@@ -38,8 +39,11 @@ public:
     /// When the source keeps its values elsewhere, the value is copied into a per-thread slot
     /// that the next call on the thread reuses.
     virtual const Arbor::Variant& propertyRef(Arbor::Token name) const;
-    /// The own record's value, or null.
-    const Arbor::Variant* findAttribute(Arbor::Token name) const;
+    /// The own record's value, or null. Inline: the style walks make several per read.
+    const Arbor::Variant* findAttribute(Arbor::Token name) const {
+        auto it = lowerBound(name);
+        return it != attributes_.end() && it->name == name ? &it->value : nullptr;
+    }
     /// The records, sorted by token word, descending.
     const std::vector<AttributeValue>& attributes() const { return attributes_; }
     /// Gives `other` a copy of this element's records.
@@ -63,7 +67,11 @@ protected:
     virtual void normalizeInheritingAttributes(Arbor::Token name) = 0;
 
 private:
-    std::vector<AttributeValue>::const_iterator lowerBound(Arbor::Token name) const;
+    /// The first record whose word is not above the name's (records descend by word).
+    std::vector<AttributeValue>::const_iterator lowerBound(Arbor::Token name) const {
+        return std::lower_bound(attributes_.begin(), attributes_.end(), name,
+                                [](const AttributeValue& a, Arbor::Token t) { return a.name > t; });
+    }
     /// propertyRef, falling back to the descriptor's default when the value has another class.
     template <class VariantType> const Arbor::Variant& checkedRef(Arbor::Token name) const {
         const Arbor::Variant& v = propertyRef(name);

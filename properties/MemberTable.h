@@ -126,9 +126,10 @@ protected:                                                                      
     TABLE(GRAFEL_MEMBER_FIELD_)                                                                    \
 private:
 
-/// In the source file of a member-family class: its descriptor table, found by name, written
-/// as attributes, and refreshed when the element moves.
-#define GRAFEL_DEFINE_MEMBER_PROPERTIES(Class, TABLE)                                              \
+/// In the source file of a member-family class: its descriptor table, found by name and written
+/// as attributes. The class defines afterParentChanged() itself: for a class whose move does
+/// something else than refresh its members (an image passes it on to its primitives).
+#define GRAFEL_DEFINE_MEMBER_TABLE(Class, TABLE)                                                   \
     namespace {                                                                                    \
     class Class##PropertyListMgr final : public ::Grafel::PropertyListMgr {                        \
         void fill() override {                                                                     \
@@ -147,7 +148,12 @@ private:
     std::ostream& Class::putAttributesXml(std::ostream& out) {                                     \
         propertyList().putAttributesXml(out, this);                                                \
         return out;                                                                                \
-    }                                                                                              \
+    }
+
+/// In the source file of a member-family class: its descriptor table, found by name, written
+/// as attributes, and refreshed when the element moves.
+#define GRAFEL_DEFINE_MEMBER_PROPERTIES(Class, TABLE)                                              \
+    GRAFEL_DEFINE_MEMBER_TABLE(Class, TABLE)                                                       \
     void Class::afterParentChanged() {                                                             \
         propertyList().refreshAll(this);                                                           \
     }

@@ -22,13 +22,6 @@ void PropertyListMgr::fillLocked() {
     state_.store(2, std::memory_order_release);
 }
 
-std::vector<PropertyListMgr::Entry>::const_iterator
-PropertyListMgr::lowerBound(Arbor::Token name) const {
-    // Descending by word: the first entry whose word is not above the name's.
-    return std::lower_bound(entries_.begin(), entries_.end(), name,
-                            [](const Entry& e, Arbor::Token t) { return e.first > t; });
-}
-
 void PropertyListMgr::add(Arbor::Token name, Property* property) {
     auto at = entries_.begin() + (lowerBound(name) - entries_.cbegin());
     entries_.insert(at, Entry(name, property));

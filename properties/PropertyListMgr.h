@@ -5,6 +5,7 @@
 #include <grafel/arbor/Token.h>
 #include <grafel/foundation/CmdOStream.h>
 
+#include <algorithm>
 #include <atomic>
 #include <iosfwd>
 #include <mutex>
@@ -65,7 +66,11 @@ private:
         if (state_.load(std::memory_order_acquire) != 2) fillLocked();
     }
     void fillLocked();
-    std::vector<Entry>::const_iterator lowerBound(Arbor::Token name) const;
+    /// The first entry whose word is not above the name's (entries descend by word).
+    std::vector<Entry>::const_iterator lowerBound(Arbor::Token name) const {
+        return std::lower_bound(entries_.begin(), entries_.end(), name,
+                                [](const Entry& e, Arbor::Token t) { return e.first > t; });
+    }
 
     std::atomic<int> state_{0}; // 0 not filled, 1 being filled, 2 filled
     std::vector<Entry> entries_;

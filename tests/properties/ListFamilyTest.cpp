@@ -20,7 +20,7 @@ using Arbor::Variant;
 
 namespace Grafel {
 constexpr int id_Lib = id_Group2d;
-constexpr int id_Sty = id_ObjStyle;
+constexpr int id_Sty = id_Row3;
 } // namespace Grafel
 
 namespace {

@@ -1,0 +1,108 @@
+// Reading an object's style value: stored on the object itself, against inherited from an
+// ObjStyle three levels up (the nearest style of the object's type, or a Default one found
+// after a walk through all levels for the type), and against the descriptor default found
+// after both walks came up empty.
+#include <grafel/structure/Obj2d.h>
+#include <grafel/structure/ObjStyle.h>
+
+#include <benchmark/benchmark.h>
+
+using namespace Grafel;
+using Arbor::Ref;
+using Arbor::Token;
+
+namespace {
+
+// A level of the tree that admits anything and holds no properties (a scene or group).
+class Level : public LibraryElement {
+public:
+    explicit Level(Arbor::Document* d) : LibraryElement(d) {}
+    Token tagName() const override { return tok_Group2d; }
+    Arbor::Node* cloneNode(bool) const override { return new Level(document_); }
+    Property* propertyInfo(Token) const override { return nullptr; }
+
+protected:
+    bool allowedContentChild(Token) const override { return true; }
+    int tagNameToOptionChildFlag(Token) const override { return 0; }
+    int allowedOptionChildren() const override { return 0; }
+    int mandatoryOptionChildren() const override { return 0; }
+};
+
+// top > [style, level > [level > [sibling, object, stored]]]: the object is three levels
+// below the style, and `stored` holds the value itself. Every element carries a few other
+// values, so that the lookups are not in one-record lists.
+struct Tree {
+    ElementDocument doc;
+    Ref<Level> top = new Level(&doc);
+    Ref<ObjStyle> style = static_cast<ObjStyle*>(doc.createPlotElement(tok_ObjStyle));
+    Ref<Obj2d> object = makeObject();
+    Ref<Obj2d> stored = makeObject();
+
+    explicit Tree(Token styleType) {
+        style->setAttribute(tok_Type, Arbor::TokenVariant(styleType));
+        style->setAttribute(tok_PointSize, Arbor::DoubleVariant(3.0));
+        top->appendChild(style.get());
+        Arbor::Node* level = top->appendChild(new Level(&doc));
+        level = level->appendChild(new Level(&doc));
+        level->appendChild(makeObject().get());
+        level->appendChild(object.get());
+        level->appendChild(stored.get());
+        stored->setAttribute(tok_LineWidth, Arbor::DoubleVariant(2.0));
+    }
+    Ref<Obj2d> makeObject() {
+        Ref<Obj2d> o = static_cast<Obj2d*>(doc.createPlotElement(tok_Obj2d));
+        o->setAttribute(tok_Type, Arbor::TokenVariant(tok_Function2d));
+        o->setAttribute(tok_id, Arbor::FixedStringVariant(Tessel::FixedStringBase<char>("f")));
+        o->setAttribute(tok_Visible, Arbor::BoolVariant(true));
+        o->setAttribute(tok_XMesh, Arbor::LongVariant(40));
+        return o;
+    }
+};
+
+void read(benchmark::State& state, Obj2d* object) {
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(object);
+        double v = object->getLineWidth();
+        benchmark::DoNotOptimize(v);
+    }
+}
+
+void StoredOnObject(benchmark::State& state) {
+    Tree t(tok_Function2d);
+    read(state, t.stored.get());
+}
+BENCHMARK(StoredOnObject);
+
+void FromTypeStyleThreeLevelsUp(benchmark::State& state) {
+    Tree t(tok_Function2d);
+    t.style->setAttribute(tok_LineWidth, Arbor::DoubleVariant(2.0));
+    read(state, t.object.get());
+}
+BENCHMARK(FromTypeStyleThreeLevelsUp);
+
+void FromDefaultStyleThreeLevelsUp(benchmark::State& state) {
+    Tree t(tok_Default);
+    t.style->setAttribute(tok_LineWidth, Arbor::DoubleVariant(2.0));
+    read(state, t.object.get());
+}
+BENCHMARK(FromDefaultStyleThreeLevelsUp);
+
+void DescriptorDefaultAfterBothWalks(benchmark::State& state) {
+    Tree t(tok_Function2d);
+    read(state, t.object.get());
+}
+BENCHMARK(DescriptorDefaultAfterBothWalks);
+
+void GetPropertyFromTypeStyle(benchmark::State& state) {
+    Tree t(tok_Function2d);
+    t.style->setAttribute(tok_LineWidth, Arbor::DoubleVariant(2.0));
+    Obj2d* object = t.object.get();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(object);
+        Arbor::Variant v = object->getProperty(tok_LineWidth);
+        benchmark::DoNotOptimize(v);
+    }
+}
+BENCHMARK(GetPropertyFromTypeStyle);
+
+} // namespace

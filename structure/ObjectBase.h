@@ -1,0 +1,84 @@
+// The common part of the plot objects Obj2d and Obj3d: an element whose Type names what it
+// plots, whose look comes from the object styles of that type above it, and whose children
+// are its expressions, options and computed images.
+#pragma once
+
+#include <grafel/foundation/Rgba.h>
+#include <grafel/properties/LibraryElement.h>
+#include <grafel/structure/ObjectStyleGetter.h>
+
+#include <vector>
+
+namespace Grafel {
+
+/// A plot object. A style value is never copied into it: an absent value is looked up at each
+/// read, first among the ObjStyle elements of its own Type from its parent's level up to the
+/// root, then among those of type Default, and is otherwise the default of the object's own
+/// descriptor. Reading an inherited value, or writing the command form, needs Type: without
+/// it the read reports "mandatory property 'Type' missing" and throws DomException 15.
+///
+/// getNextAnimationTime is still LibraryElement's, which only asks the children; the object's
+/// own frames and time range do not take part in the animation clock yet.
+class ObjectBase : public LibraryElement, public ObjectStyleGetter {
+public:
+    ObjectBase(const ObjectBase& other);
+    ObjectBase& operator=(const ObjectBase& other);
+
+    /// The nearest ObjStyle of the object's Type that holds `name`, else the nearest of type
+    /// Default that does, else null. Final, since propertyRef() follows the same walk directly.
+    PlotElement* inheritingFrom(Arbor::Token name) const final;
+    /// As for every list element, but an inherited value comes from the record that the style
+    /// walk found, without asking the style again.
+    const Arbor::Variant& propertyRef(Arbor::Token name) const override;
+    /// Every ObjStyle of the object's Type above it, then every one of type Default.
+    void getInheritanceChain(std::vector<PlotElement*>& chain) const override;
+
+    /// The colour that the legend shows: the value of the property that LegendColor names.
+    /// False, with `out` unchanged, when LegendColor names no property of this object (the null
+    /// default included) or one whose value is not a colour.
+    bool getLegendColor(RGBA& out) const;
+    /// The values of the ParameterBegin and ParameterEnd children, in child order. False when
+    /// either is missing, or as soon as one of them is NaN (which is then left in its argument).
+    bool getParameterRange(double& begin, double& end) const;
+
+    // LibraryElement and the table getters both read id, Name and Consistent, to the same
+    // effect. LibraryElement's are taken: they are the interface of every library element, and
+    // a string comes back as a value that outlives a later change of the attribute.
+    using LibraryElement::getConsistent;
+    using LibraryElement::getId;
+    using LibraryElement::getName;
+    using ObjectStyleGetter::getLegendColor;
+    // Both bases can name the element the table getters read; it is this one either way.
+    using LibraryElement::listElement_;
+
+protected:
+    explicit ObjectBase(Arbor::Document* document);
+
+    /// The option children of both dimensions; what a class admits is its allowedOptionChildren.
+    int tagNameToOptionChildFlag(Arbor::Token tag) const override;
+    /// After a set on this object, lets each child element drop a value equal to the new one.
+    void normalizeInheritingAttributes(Arbor::Token name) override;
+    /// The value of Type: an object is written as "plot::" and its type.
+    void putCmdName(CmdOStream& out) override;
+
+    /// The flags of tagNameToOptionChildFlag().
+    enum OptionChild : int {
+        ParameterNameFlag = 1,
+        ParameterBeginFlag = 2,
+        ParameterEndFlag = 4,
+        TitleFlag = 32,
+        TitlePositionXFlag = 64,
+        TitlePositionYFlag = 128,
+        TitlePositionZFlag = 256,
+        LegendTextFlag = 512,
+        Points2dFlag = 1024,
+        Points3dFlag = 2048,
+        TextOrientationFlag = 4096,
+    };
+    /// The option children both dimensions admit.
+    static constexpr int commonOptionChildren = ParameterNameFlag | ParameterBeginFlag |
+                                                ParameterEndFlag | TitleFlag | TitlePositionXFlag |
+                                                TitlePositionYFlag | LegendTextFlag;
+};
+
+} // namespace Grafel

@@ -1,0 +1,495 @@
+#include <grafel/arbor/DomException.h>
+#include <grafel/foundation/ValueVariants.h>
+#include <grafel/properties/AfterPropertyChangeEvent.h>
+#include <grafel/properties/VExpr.h>
+#include <grafel/structure/Obj2d.h>
+#include <grafel/structure/Obj3d.h>
+#include <grafel/structure/ObjStyle.h>
+#include <grafel/structure/ObjType.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdarg>
+#include <sstream>
+#include <string>
+#include <vector>
+
+using namespace Grafel;
+using Arbor::DomException;
+using Arbor::Node;
+using Arbor::Ref;
+using Arbor::Token;
+
+namespace {
+
+std::vector<std::string> reports;
+void collect(const char* format, va_list args) {
+    char text[256];
+    vsnprintf(text, sizeof text, format, args);
+    if (std::string(text) != "Grafel error: ") reports.push_back(text);
+}
+
+// A level of the tree (canvas, scene, group, transform, image...), told apart only by its tag.
+class Level : public LibraryElement {
+public:
+    Level(Arbor::Document* d, Token tag) : LibraryElement(d), tag_(tag) {}
+    Token tagName() const override { return tag_; }
+    Node* cloneNode(bool) const override { return new Level(document_, tag_); }
+    Property* propertyInfo(Token) const override { return nullptr; }
+
+protected:
+    bool allowedContentChild(Token) const override { return true; }
+    int tagNameToOptionChildFlag(Token) const override { return 0; }
+    int allowedOptionChildren() const override { return 0; }
+    int mandatoryOptionChildren() const override { return 0; }
+
+private:
+    Token tag_;
+};
+
+// Names the targets of AfterPropertyChangeEvent: objects by id, styles by type.
+struct Heard : Arbor::IDocObserver {
+    std::vector<std::string> events;
+    void handleEvent(Arbor::DomEvent& e) override {
+        const AttributeListElement* list = PlotElement::from(e.target())->asAttributeList();
+        const Arbor::Variant* id = list ? list->findAttribute(tok_id) : nullptr;
+        const Arbor::Variant* type = list ? list->findAttribute(tok_Type) : nullptr;
+        if (id)
+            events.push_back(id->as<Arbor::FixedStringVariant>()->val().c_str());
+        else if (type)
+            events.push_back(std::string("style ") + type->as<Arbor::TokenVariant>()->val().text());
+        else
+            events.push_back(e.target()->tagName().text());
+    }
+};
+
+struct Doc {
+    ElementDocument doc;
+    Heard heard;
+    Doc() {
+        reports.clear();
+        doc.domErrorHdl(collect);
+        doc.addObserver(&heard, tok_AfterPropertyChange);
+    }
+    Ref<Level> level(Node* parent, Token tag = tok_Group2d) {
+        Ref<Level> l = new Level(&doc, tag);
+        if (parent) parent->appendChild(l.get());
+        return l;
+    }
+    template <class C = Obj2d>
+    Ref<C> object(Node* parent, Token type, const char* id, Token tag = tok_Obj2d) {
+        Ref<C> o = static_cast<C*>(doc.createPlotElement(tag));
+        if (!type.isNull()) o->setAttribute(tok_Type, Arbor::TokenVariant(type));
+        o->setAttribute(tok_id, Arbor::FixedStringVariant(Tessel::FixedStringBase<char>(id)));
+        if (parent) parent->appendChild(o.get());
+        return o;
+    }
+    Ref<ObjStyle> style(Node* parent, Token type) {
+        Ref<ObjStyle> s = static_cast<ObjStyle*>(doc.createPlotElement(tok_ObjStyle));
+        s->setAttribute(tok_Type, Arbor::TokenVariant(type));
+        if (parent) parent->appendChild(s.get());
+        return s;
+    }
+};
+
+void setWidth(PlotElement* e, double v) {
+    e->setAttribute(tok_LineWidth, Arbor::DoubleVariant(v));
+}
+
+} // namespace
+
+// canvas > [T style, scene > [group > [Default style, object T]]]
+TEST(ObjectStyle, ResolutionOrder) {
+    Doc d;
+    auto canvas = d.level(nullptr, tok_Canvas);
+    auto canvasT = d.style(canvas.get(), tok_Function2d);
+    auto scene = d.level(canvas.get(), tok_Scene2d);
+    auto group = d.level(scene.get());
+    auto beside = d.style(group.get(), tok_Default);
+    auto obj = d.object(group.get(), tok_Function2d, "f");
+
+    EXPECT_EQ(obj->getLineWidth(), 0.5); // the object's own descriptor default
+    setWidth(beside.get(), 1.0);
+    EXPECT_EQ(obj->getLineWidth(), 1.0);
+    // Every style of the type goes before every Default one, however near that stands.
+    setWidth(canvasT.get(), 2.0);
+    EXPECT_EQ(obj->getLineWidth(), 2.0);
+    EXPECT_EQ(obj->inheritingFrom(tok_LineWidth), canvasT.get());
+    // A nearer level of the type wins; within a level the first in document order that holds
+    // the value, the next one for what the first lacks.
+    auto sceneT1 = d.style(nullptr, tok_Function2d), sceneT2 = d.style(nullptr, tok_Function2d);
+    scene->insertBefore(sceneT1.get(), group.get());
+    scene->insertBefore(sceneT2.get(), group.get());
+    setWidth(sceneT2.get(), 3.0);
+    EXPECT_EQ(obj->getLineWidth(), 3.0);
+    setWidth(sceneT1.get(), 4.0);
+    EXPECT_EQ(obj->getLineWidth(), 4.0);
+    sceneT2->setAttribute(tok_Filled, Arbor::BoolVariant(false));
+    EXPECT_FALSE(obj->getFilled());
+    // A style of another type plays no part; the stored value goes first of all.
+    auto other = d.style(group.get(), tok_Curve2d);
+    setWidth(other.get(), 9.0);
+    EXPECT_EQ(obj->getLineWidth(), 4.0);
+    setWidth(obj.get(), 5.0);
+    EXPECT_EQ(obj->getLineWidth(), 5.0);
+    EXPECT_EQ(obj->getProperty(tok_LineWidth), Arbor::DoubleVariant(5.0));
+
+    std::vector<PlotElement*> chain{obj.get()}; // not cleared
+    obj->getInheritanceChain(chain);
+    EXPECT_EQ(chain, (std::vector<PlotElement*>{obj.get(), sceneT1.get(), sceneT2.get(),
+                                                canvasT.get(), beside.get()}));
+
+    // A transform holds no styles: one inside it does not reach the objects there.
+    auto transform = d.level(group.get(), tok_Transform2d);
+    auto inTransform = d.style(transform.get(), tok_Default);
+    auto moved = d.object(transform.get(), tok_Polygon2d, "p");
+    setWidth(inTransform.get(), 7.0);
+    setWidth(d.style(canvas.get(), tok_Default).get(), 8.0); // farther than the group's
+    EXPECT_EQ(moved->getLineWidth(), 1.0);                   // the Default style of the group
+    EXPECT_EQ(moved->inheritingFrom(tok_LineWidth), beside.get());
+}
+
+// canvas > [T, Default, scene > [T style (the one asked), T sibling, Default sibling]]
+TEST(ObjectStyle, StylesLookAboveTheirParentOnly) {
+    Doc d;
+    auto canvas = d.level(nullptr, tok_Canvas);
+    auto canvasT = d.style(canvas.get(), tok_Function2d);
+    auto canvasDefault = d.style(canvas.get(), tok_Default);
+    auto scene = d.level(canvas.get(), tok_Scene2d);
+    auto asked = d.style(scene.get(), tok_Function2d);
+    auto siblingT = d.style(scene.get(), tok_Function2d);
+    auto siblingDefault = d.style(scene.get(), tok_Default);
+    setWidth(siblingT.get(), 1.0);
+    setWidth(siblingDefault.get(), 1.5);
+
+    EXPECT_EQ(asked->getLineWidth(), 0.5);
+    EXPECT_EQ(asked->inheritingFrom(tok_LineWidth), nullptr);
+    setWidth(canvasDefault.get(), 2.0);
+    EXPECT_EQ(asked->getLineWidth(), 2.0);
+    setWidth(canvasT.get(), 3.0);
+    EXPECT_EQ(asked->getLineWidth(), 3.0);
+    // A Default style looks at Default styles only.
+    EXPECT_EQ(siblingDefault->inheritingFrom(tok_LineWidth), canvasDefault.get());
+
+    std::vector<PlotElement*> chain;
+    asked->getInheritanceChain(chain);
+    EXPECT_EQ(chain, (std::vector<PlotElement*>{canvasT.get(), canvasDefault.get()}));
+    chain.clear();
+    siblingDefault->getInheritanceChain(chain);
+    EXPECT_EQ(chain, (std::vector<PlotElement*>{canvasDefault.get()}));
+
+    Ref<ObjStyle> lone = d.style(nullptr, tok_Function2d);
+    EXPECT_EQ(lone->inheritingFrom(tok_LineWidth), nullptr);
+    EXPECT_EQ(lone->getLineWidth(), 0.5);
+}
+
+TEST(ObjectStyle, DimensionsAndFailures) {
+    Doc d;
+    auto scene = d.level(nullptr, tok_Scene3d);
+    auto obj2 = d.object(scene.get(), tok_Function2d, "f2");
+    auto obj3 = d.object<Obj3d>(scene.get(), tok_Function3d, "f3", tok_Obj3d);
+    auto style = d.style(nullptr, tok_Function3d);
+    // Each asked element falls back to its own descriptor's default.
+    EXPECT_EQ(obj2->getLineColorDirectionY(), 1.0);
+    EXPECT_EQ(obj3->getLineColorDirectionY(), 0.0);
+    EXPECT_EQ(style->getLineColorDirectionY(), 1.0); // a style finds the 2D row first
+    scene->insertBefore(style.get(), obj2.get());
+    style->setAttribute(tok_LineColorDirectionY, Arbor::DoubleVariant(0.25));
+    EXPECT_EQ(obj3->getLineColorDirectionY(), 0.25);
+    EXPECT_EQ(obj2->getLineColorDirectionY(), 1.0); // another type
+    // A style takes both dimensions; an object only its own.
+    style->setAttribute(tok_ZMesh, Arbor::LongVariant(7));
+    style->setAttribute(tok_AntiAliased, Arbor::BoolVariant(false));
+    EXPECT_EQ(obj3->getZMesh(), 7);
+    EXPECT_THROW(obj2->getZMesh(), DomException);
+    EXPECT_EQ(reports.back(), "unknown property 'ZMesh' [node 'Obj2d']\n");
+    EXPECT_THROW(obj3->setAttribute(tok_AntiAliased, Arbor::BoolVariant(true)), DomException);
+    EXPECT_THROW(style->setAttribute(tok_Visible, Arbor::BoolVariant(true)), DomException);
+
+    // Without Type nothing inherited can be read; a stored value still can.
+    auto untyped = d.object(scene.get(), Token(), "u");
+    reports.clear();
+    try {
+        untyped->getProperty(tok_Filled);
+        FAIL();
+    } catch (const DomException& e) {
+        EXPECT_EQ(e.code(), DomException::InvalidAccessErr);
+    }
+    EXPECT_EQ(reports, (std::vector<std::string>{"mandatory property 'Type' missing [node "
+                                                 "'Obj2d']\n"}));
+    EXPECT_THROW(untyped->getFilled(), DomException);
+    EXPECT_TRUE(untyped->getVisible()); // not inherited: the default needs no Type
+    untyped->setAttribute(tok_Filled, Arbor::BoolVariant(false));
+    EXPECT_FALSE(untyped->getFilled());
+
+    // Bounds are enforced, vocabularies are not.
+    EXPECT_THROW(obj2->setAttribute(tok_XMesh, Arbor::LongVariant(0)), DomException);
+    EXPECT_EQ(reports.back(), "illegal value [attribute 'XMesh']\n");
+    EXPECT_THROW(obj2->setAttribute(tok_Frames, Arbor::LongVariant(-1)), DomException);
+    obj2->setAttributeString(tok_LineStyle, "Wavy");
+    EXPECT_STREQ(obj2->getLineStyle().text(), "Wavy");
+}
+
+TEST(ObjectStyle, GettersReadWithoutCopies) {
+    Doc d;
+    auto group = d.level(nullptr);
+    auto style = d.style(group.get(), tok_Default);
+    auto obj = d.object(group.get(), tok_Function2d, "f");
+    FontStyle f;
+    ASSERT_TRUE(f.parse("Arial 14"));
+    style->setAttribute(tok_TextFont, FontStyleVariant(f));
+    EXPECT_EQ(&obj->getTextFont(), &style->getTextFont());
+    EXPECT_EQ(obj->getTextFont().size(), 14u);
+    EXPECT_EQ(obj->getTitleFont(), FontStyle::standard());
+    EXPECT_EQ(obj->getType(), tok_Function2d);
+    EXPECT_EQ(obj->getLineColor2(), RGBA(0, 0, 255, 255));
+    EXPECT_EQ(obj->thisElem(), obj.get());
+}
+
+TEST(ObjectStyle, ChangeOnStyleReachesTheObjectsThatFollowIt) {
+    Doc d;
+    auto group = d.level(nullptr);
+    auto styleT = d.style(group.get(), tok_Function2d);
+    auto styleDefault = d.style(group.get(), tok_Default);
+    auto a = d.object(group.get(), tok_Function2d, "a");
+    auto b = d.object(group.get(), tok_Curve2d, "b");
+    auto own = d.object(group.get(), tok_Function2d, "own");
+    setWidth(own.get(), 3.0);
+    auto sub = d.level(group.get());
+    auto below = d.object(sub.get(), tok_Function2d, "below");
+    auto image = d.level(below.get(), tok_Img2d);
+    d.heard.events.clear();
+
+    setWidth(styleT.get(), 2.0);
+    EXPECT_EQ(d.heard.events, (std::vector<std::string>{"style Function2d", "a", "below"}));
+    // The Default style now answers for the other type only.
+    d.heard.events.clear();
+    setWidth(styleDefault.get(), 1.0);
+    EXPECT_EQ(d.heard.events, (std::vector<std::string>{"style Default", "b"}));
+    // A nearer Default style does not take an object from the style of its type: the change
+    // still reaches it, and the Default style's does not.
+    auto inner = d.style(sub.get(), tok_Default);
+    setWidth(inner.get(), 4.0);
+    d.heard.events.clear();
+    setWidth(styleT.get(), 2.5);
+    EXPECT_EQ(d.heard.events, (std::vector<std::string>{"style Function2d", "a", "below"}));
+    d.heard.events.clear();
+    setWidth(styleDefault.get(), 1.5);
+    EXPECT_EQ(d.heard.events, (std::vector<std::string>{"style Default", "b"}));
+}
+
+TEST(ObjectStyle, NormalisationDropsValuesThatAStyleNowGives) {
+    Doc d;
+    auto group = d.level(nullptr);
+    auto style = d.style(group.get(), tok_Function2d);
+    auto same = d.object(group.get(), tok_Function2d, "same");
+    auto differs = d.object(group.get(), tok_Function2d, "differs");
+    auto otherType = d.object(group.get(), tok_Curve2d, "other");
+    for (PlotElement* o : {same.get(), otherType.get()}) setWidth(o, 2.0);
+    setWidth(differs.get(), 3.0);
+
+    style->setProperty(tok_LineWidth, Arbor::DoubleVariant(2.0));
+    EXPECT_FALSE(same->hasAttribute(tok_LineWidth));
+    EXPECT_EQ(same->getLineWidth(), 2.0);
+    EXPECT_TRUE(differs->hasAttribute(tok_LineWidth));
+    EXPECT_TRUE(otherType->hasAttribute(tok_LineWidth));
+    // Setting an object's property to what it inherits stores nothing.
+    differs->setProperty(tok_LineWidth, Arbor::DoubleVariant(2.0));
+    EXPECT_FALSE(differs->hasAttribute(tok_LineWidth));
+    // The whole-tree pass finds the same redundancy.
+    setWidth(same.get(), 2.0);
+    group->normalizeAttributes();
+    EXPECT_FALSE(same->hasAttribute(tok_LineWidth));
+    EXPECT_TRUE(same->hasAttribute(tok_id));
+}
+
+namespace {
+
+template <class Base> struct Probe : Base {
+    explicit Probe(Arbor::Document* d) : Base(d) {}
+    using Base::allowedOptionChildren;
+    using Base::tagNameToOptionChildFlag;
+};
+
+} // namespace
+
+TEST(ObjectElements, ChildrenByTagAndOptionFlags) {
+    Doc d;
+    Ref<Probe<Obj2d>> p2 = new Probe<Obj2d>(&d.doc);
+    Ref<Probe<Obj3d>> p3 = new Probe<Obj3d>(&d.doc);
+    EXPECT_EQ(p2->allowedOptionChildren(), 1767);
+    EXPECT_EQ(p3->allowedOptionChildren(), 7143);
+    const std::pair<Token, int> flags[] = {
+        {tok_ParameterName, 1},    {tok_ParameterBegin, 2},     {tok_ParameterEnd, 4},
+        {tok_Title, 32},           {tok_TitlePositionX, 64},    {tok_TitlePositionY, 128},
+        {tok_TitlePositionZ, 256}, {tok_LegendText, 512},       {tok_Points2d, 1024},
+        {tok_Points3d, 2048},      {tok_TextOrientation, 4096}, {tok_Img2d, 0}};
+    for (auto [tag, flag] : flags) EXPECT_EQ(p2->tagNameToOptionChildFlag(tag), flag) << tag;
+
+    // The registry makes each class for its tag.
+    Ref<Arbor::Element> made = d.doc.createElement(tok_ObjType);
+    EXPECT_NE(dynamic_cast<ObjType*>(made.get()), nullptr);
+    auto obj2 = d.object(nullptr, tok_Function2d, "f");
+    auto obj3 = d.object<Obj3d>(nullptr, tok_Function3d, "g", tok_Obj3d);
+    obj2->appendChild(d.level(nullptr, tok_Img2d).get());
+    obj2->appendChild(d.level(nullptr, tok_Prop).get());
+    EXPECT_THROW(obj2->appendChild(d.level(nullptr, tok_Img3d).get()), DomException);
+    EXPECT_EQ(reports.back(), "not a valid content child 'Img3d' [parent 'Obj2d']\n");
+    Ref<Arbor::Element> z = d.doc.createElement(tok_TitlePositionZ);
+    EXPECT_THROW(obj2->appendChild(z.get()), DomException);
+    EXPECT_EQ(reports.back(), "illegal option child [parent 'Obj2d']\n");
+    obj3->appendChild(z.get());
+    EXPECT_EQ(obj3->optionChildren(), 256);
+    // An object holds no style, and a style holds nothing.
+    EXPECT_THROW(obj2->appendChild(d.style(nullptr, tok_Default).get()), DomException);
+    EXPECT_THROW(d.style(nullptr, tok_Default)->appendChild(d.level(nullptr).get()), DomException);
+}
+
+TEST(ObjectElements, ParameterRange) {
+    Doc d;
+    auto obj = d.object(nullptr, tok_Function2d, "f");
+    auto bound = [&](Token tag, const char* text) {
+        Ref<VExpr> v = static_cast<VExpr*>(d.doc.createPlotElement(tag));
+        v->setAttributeString(tok_Val, text);
+        return v;
+    };
+    double begin = -1, end = -1;
+    EXPECT_FALSE(obj->getParameterRange(begin, end));
+    auto b = bound(tok_ParameterBegin, "1.5");
+    obj->appendChild(b.get());
+    EXPECT_FALSE(obj->getParameterRange(begin, end));
+    EXPECT_EQ(begin, 1.5);
+    EXPECT_EQ(end, -1);
+    auto e = bound(tok_ParameterEnd, "inf");
+    obj->appendChild(e.get());
+    EXPECT_FALSE(obj->getParameterRange(begin, end));
+    EXPECT_TRUE(std::isnan(end));
+    e->setAttributeString(tok_Val, "3");
+    EXPECT_TRUE(obj->getParameterRange(begin, end));
+    EXPECT_EQ(end, 3);
+    b->setAttributeString(tok_Val, "-inf"); // stops the walk at once, before the end is read
+    end = -1;
+    EXPECT_FALSE(obj->getParameterRange(begin, end));
+    EXPECT_TRUE(std::isnan(begin));
+    EXPECT_EQ(end, -1);
+}
+
+TEST(ObjectElements, LegendColor) {
+    Doc d;
+    auto group = d.level(nullptr);
+    auto style = d.style(group.get(), tok_Default);
+    auto obj = d.object(group.get(), tok_Function2d, "f");
+    const RGBA red(255, 0, 0, 255), unset(1, 2, 3, 4);
+    RGBA out = unset;
+    EXPECT_FALSE(obj->getLegendColor(out)); // the null token names nothing
+    EXPECT_EQ(out, unset);
+    style->setAttribute(tok_LegendColor, Arbor::TokenVariant(tok_FillColor));
+    style->setAttribute(tok_FillColor, RGBAVariant(red));
+    EXPECT_TRUE(obj->getLegendColor(out));
+    EXPECT_EQ(out, red);
+    for (Token notAColour : {tok_LineStyle, tok_Width, tok_LightColor}) {
+        out = unset;
+        obj->setAttribute(tok_LegendColor, Arbor::TokenVariant(notAColour));
+        EXPECT_FALSE(obj->getLegendColor(out)) << notAColour;
+        EXPECT_EQ(out, unset);
+    }
+}
+
+TEST(ObjectElements, CommandTextAndXml) {
+    Doc d;
+    auto group = d.level(nullptr);
+    auto typed = d.style(group.get(), tok_Function2d);
+    auto fallback = d.style(group.get(), tok_Default);
+    auto obj = d.object(group.get(), tok_Function2d, "f1");
+    setWidth(typed.get(), 1.0);
+    fallback->setAttribute(tok_Filled, Arbor::BoolVariant(false));
+    obj->setAttribute(tok_Consistent, Arbor::BoolVariant(true));
+    obj->setAttribute(tok_LegendColor, Arbor::TokenVariant(tok_LineColor));
+    obj->setAttribute(tok_Visible, Arbor::BoolVariant(false));
+
+    std::ostringstream text;
+    CmdOStream cmd(text, tok_MM);
+    group->putCmd(cmd);
+    EXPECT_EQ(text.str(), "  plot::Group2d(\r\n"
+                          "    plot::Function2d::LineWidth=1,\r\n"
+                          "    Filled=FALSE,\r\n"
+                          "    plot::Function2d(\r\n"
+                          "      id=\"f1\",\r\n"
+                          "      Visible=FALSE))");
+    std::ostringstream xml;
+    obj->putAttributesXml(xml);
+    EXPECT_EQ(xml.str(), // no id
+              " Visible=\"0\" Type=\"Function2d\" LegendColor=\"LineColor\" Consistent=\"1\"");
+    EXPECT_EQ(obj->getId().view(), "f1");
+
+    auto untyped = d.object(nullptr, Token(), "u");
+    std::ostringstream lost;
+    CmdOStream none(lost, tok_MM);
+    EXPECT_THROW(untyped->putCmd(none), DomException);
+}
+
+TEST(ObjectElements, Copies) {
+    Doc d;
+    auto obj = d.object(nullptr, tok_Function2d, "f");
+    setWidth(obj.get(), 2.0);
+    obj->appendChild(d.level(nullptr, tok_Img2d).get());
+    Ref<Obj2d> deep = static_cast<Obj2d*>(obj->cloneNode(true));
+    Ref<Obj2d> shallow = static_cast<Obj2d*>(obj->cloneNode(false));
+    Ref<Obj2d> copy = new Obj2d(*obj);
+    for (Obj2d* c : {deep.get(), shallow.get(), copy.get()}) {
+        EXPECT_EQ(c->thisElem(), c); // the getters read the copy, not the original
+        EXPECT_EQ(c->getLineWidth(), 2.0);
+        EXPECT_EQ(c->getType(), tok_Function2d);
+    }
+    setWidth(obj.get(), 3.0);
+    EXPECT_EQ(deep->getLineWidth(), 2.0);
+    EXPECT_NE(deep->firstChild(), nullptr);
+    EXPECT_EQ(shallow->firstChild(), nullptr);
+
+    auto style = d.style(nullptr, tok_Default);
+    setWidth(style.get(), 4.0);
+    Ref<ObjStyle> styleCopy = static_cast<ObjStyle*>(style->cloneNode(false));
+    EXPECT_EQ(styleCopy->getLineWidth(), 4.0);
+
+    // An ObjType copy loses its type, though its presence flag says it has one.
+    Ref<ObjType> type = static_cast<ObjType*>(d.doc.createPlotElement(tok_ObjType));
+    type->setAttributeString(tok_Type, "Function2d");
+    type->appendChild(d.level(nullptr, tok_PropCat).get());
+    reports.clear();
+    EXPECT_THROW(type->appendChild(d.level(nullptr, tok_Prop).get()), DomException);
+    EXPECT_TRUE(reports.empty());
+    std::ostringstream xml;
+    type->putAttributesXml(xml);
+    EXPECT_EQ(xml.str(), " Type=\"Function2d\"");
+    Ref<ObjType> typeCopy = static_cast<ObjType*>(type->cloneNode(true));
+    EXPECT_TRUE(typeCopy->getType().isNull());
+    EXPECT_TRUE(typeCopy->hasAttribute(tok_Type));
+    EXPECT_NE(typeCopy->firstChild(), nullptr);
+}
+
+TEST(ObjectElements, Tables) {
+    EXPECT_EQ(objectStylePropertyList().entries().size(), 44u);
+    EXPECT_EQ(object2dStylePropertyList().entries().size(), 8u);
+    EXPECT_EQ(object3dStylePropertyList().entries().size(), 20u);
+    EXPECT_EQ(objectPropertyList().entries().size(), 4u);
+    for (auto [name, p] : objectStylePropertyList().entries())
+        EXPECT_EQ(p->isInherited(), name != tok_Type) << name;
+    for (auto* list : {&object2dStylePropertyList(), &object3dStylePropertyList()})
+        for (auto [name, p] : list->entries()) EXPECT_TRUE(p->isInherited()) << name;
+    for (auto [name, p] : objectPropertyList().entries())
+        EXPECT_FALSE(p->isInherited() || p->isMandatory()) << name;
+
+    Doc d;
+    auto obj = d.object<Obj3d>(nullptr, tok_Function3d, "f", tok_Obj3d);
+    EXPECT_DOUBLE_EQ(obj->getTipAngle(), M_PI / 18);
+    EXPECT_EQ(obj->getFillColor2(), RGBA(0, 0, 255, 255));
+    EXPECT_EQ(obj->getLightColor(), RGBA::White);
+    EXPECT_EQ(obj->getVerticalAlignment(), tok_BaseLine);
+    EXPECT_EQ(obj->getTitleAlignment(), tok_Center);
+    EXPECT_TRUE(obj->getLegendColor().isNull());
+    EXPECT_FALSE(obj->getConsistent());
+    EXPECT_TRUE(obj->getVisible());
+    EXPECT_EQ(obj->getXMesh(), 20);
+    obj->setAttribute(tok_XMesh, Arbor::LongVariant(1));
+}
