@@ -1,6 +1,7 @@
 #include <grafel/document/PlotDocument.h>
 
 #include <grafel/arbor/Range.h>
+#include <grafel/document/ZpxParserHandler.h>
 #include <grafel/foundation/CmdOStream.h>
 #include <grafel/foundation/NaN.h>
 #include <grafel/foundation/Tokens.h>
@@ -15,6 +16,10 @@ namespace Grafel {
 using Arbor::Element;
 using Arbor::Node;
 using Arbor::Token;
+
+PlotDocument::PlotDocument() {
+    setXmlNamespace(zpxNamespaceUri);
+}
 
 PlotDocument::~PlotDocument() = default;
 

@@ -14,7 +14,8 @@ namespace Grafel {
 /// The selection is the document's first selected range, and nothing else.
 class PlotDocument : public ElementDocument {
 public:
-    PlotDocument() = default;
+    /// An empty document, written in the namespace of the ZPX dialect.
+    PlotDocument();
     PlotDocument(const PlotDocument& other) = default;
     PlotDocument& operator=(const PlotDocument& other) = default;
     ~PlotDocument() override;

@@ -1,0 +1,325 @@
+// Loading and writing large point lists as ZPX, against what the XML parser and the stream cost
+// by themselves, and the memory a load takes at its peak.
+#include <grafel/document/P2List.h>
+#include <grafel/document/P3List.h>
+#include <grafel/document/PlotDocument.h>
+#include <grafel/document/ZpxParser.h>
+#include <grafel/document/ZpxParserHandler.h>
+#include <grafel/properties/ElementRegistry.h>
+#include <grafel/structure/Canvas.h>
+
+#include <benchmark/benchmark.h>
+#include <expat.h>
+#include <malloc.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <new>
+#include <random>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+// Every allocation through operator new is counted, so that the peak of a load can be told.
+namespace {
+std::size_t liveBytes = 0;
+std::size_t peakBytes = 0;
+
+void* counted(std::size_t n) {
+    void* p = std::malloc(n ? n : 1);
+    if (!p) throw std::bad_alloc();
+    liveBytes += malloc_usable_size(p);
+    if (liveBytes > peakBytes) peakBytes = liveBytes;
+    return p;
+}
+
+void uncounted(void* p) noexcept {
+    if (!p) return;
+    liveBytes -= malloc_usable_size(p);
+    std::free(p);
+}
+} // namespace
+
+void* operator new(std::size_t n) {
+    return counted(n);
+}
+void* operator new[](std::size_t n) {
+    return counted(n);
+}
+void* operator new(std::size_t n, const std::nothrow_t&) noexcept {
+    try {
+        return counted(n);
+    } catch (...) {
+        return nullptr;
+    }
+}
+void* operator new[](std::size_t n, const std::nothrow_t&) noexcept {
+    try {
+        return counted(n);
+    } catch (...) {
+        return nullptr;
+    }
+}
+void operator delete(void* p) noexcept {
+    uncounted(p);
+}
+void operator delete[](void* p) noexcept {
+    uncounted(p);
+}
+void operator delete(void* p, std::size_t) noexcept {
+    uncounted(p);
+}
+void operator delete[](void* p, std::size_t) noexcept {
+    uncounted(p);
+}
+
+namespace {
+
+using namespace Grafel;
+
+constexpr int pointCount = 1000000;
+// The text is handed over in pieces of this size, as a host reads a file.
+constexpr std::size_t pieceSize = 1 << 20;
+
+// Stand-ins for the point primitives, and a page that takes them, registered while a benchmark
+// runs: a P2 list under Row1, a P3 list under Row2.
+class BenchPoly2 : public P2List {
+public:
+    explicit BenchPoly2(Arbor::Document* d) : P2List(d) {}
+    Arbor::Token tagName() const override { return tok_Row1; }
+    Arbor::Node* cloneNode(bool) const override { return new BenchPoly2(*this); }
+    static PlotElement* create(Arbor::Document* d) { return new BenchPoly2(d); }
+};
+
+class BenchPoly3 : public P3List {
+public:
+    explicit BenchPoly3(Arbor::Document* d) : P3List(d) {}
+    Arbor::Token tagName() const override { return tok_Row2; }
+    Arbor::Node* cloneNode(bool) const override { return new BenchPoly3(*this); }
+    static PlotElement* create(Arbor::Document* d) { return new BenchPoly3(d); }
+};
+
+class BenchCanvas : public Canvas {
+public:
+    explicit BenchCanvas(Arbor::Document* d) : Canvas(d) {}
+    static PlotElement* create(Arbor::Document* d) { return new BenchCanvas(d); }
+
+protected:
+    bool allowedContentChild(Arbor::Token tag) const override {
+        return tag == tok_Row1 || tag == tok_Row2 || Canvas::allowedContentChild(tag);
+    }
+};
+
+class BenchClasses {
+public:
+    BenchClasses() {
+        for (auto [id, maker] :
+             {std::pair{id_Canvas, &BenchCanvas::create}, std::pair{id_Row1, &BenchPoly2::create},
+              std::pair{id_Row2, &BenchPoly3::create}}) {
+            saved_.emplace_back(id, elementMaker(id));
+            registerElementClass(id, maker);
+        }
+    }
+    ~BenchClasses() {
+        for (auto [id, maker] : saved_) registerElementClass(id, maker);
+    }
+
+private:
+    std::vector<std::pair<int, ElementMaker>> saved_;
+};
+
+class BenchHandler : public ZpxParserHandler {
+public:
+    using ZpxParserHandler::ZpxParserHandler;
+    bool elementName(const char* uri, const char* name, int& ns, int& id) override {
+        for (int extra : {id_Row1, id_Row2}) {
+            if (std::strcmp(name, getToken(extra).c_str()) == 0) {
+                ns = 0;
+                id = extra;
+                return true;
+            }
+        }
+        return ZpxParserHandler::elementName(uri, name, ns, id);
+    }
+};
+
+// A page with one list of random points, as the stream writes numbers.
+std::string makeDocument(bool space) {
+    std::mt19937_64 random(2024);
+    std::uniform_real_distribution<double> coordinate(-1000, 1000);
+    std::uniform_real_distribution<double> unit(-1, 1);
+    std::ostringstream out;
+    out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Canvas xmlns=\"" << zpxNamespaceUri
+        << "\">" << (space ? "<Row2>" : "<Row1>");
+    for (int i = 0; i < pointCount; ++i) {
+        if (space)
+            out << "<P3>" << coordinate(random) << ' ' << coordinate(random) << ' '
+                << coordinate(random) << ' ' << unit(random) << ' ' << unit(random) << ' '
+                << unit(random) << "</P3>";
+        else
+            out << "<P2>" << coordinate(random) << ' ' << coordinate(random) << "</P2>";
+    }
+    out << (space ? "</Row2>" : "</Row1>") << "</Canvas>\n";
+    return out.str();
+}
+
+const std::string& document(bool space) {
+    static const std::string plane = makeDocument(false);
+    static const std::string spatial = makeDocument(true);
+    return space ? spatial : plane;
+}
+
+bool load(PlotDocument& doc, const std::string& text, bool namespaces = true) {
+    BenchHandler handler(&doc, false, nullptr);
+    ZpxParser parser(&handler, namespaces, nullptr);
+    for (std::size_t at = 0; at < text.size(); at += pieceSize) {
+        const std::size_t n = std::min(pieceSize, text.size() - at);
+        if (!parser.parseSave(text.data() + at, static_cast<int>(n), at + n == text.size()))
+            return false;
+    }
+    return true;
+}
+
+void XMLCALL noStart(void*, const XML_Char*, const XML_Char**) {}
+void XMLCALL noEnd(void*, const XML_Char*) {}
+void XMLCALL noText(void*, const XML_Char*, int) {}
+
+// The same bytes in the same pieces through the C parser, with handlers that do nothing.
+bool expatPass(const std::string& text) {
+    XML_Parser parser = XML_ParserCreate(nullptr);
+    XML_SetElementHandler(parser, noStart, noEnd);
+    XML_SetCharacterDataHandler(parser, noText);
+    bool ok = true;
+    for (std::size_t at = 0; ok && at < text.size(); at += pieceSize) {
+        const std::size_t n = std::min(pieceSize, text.size() - at);
+        ok = XML_Parse(parser, text.data() + at, static_cast<int>(n), at + n == text.size()) ==
+             XML_STATUS_OK;
+    }
+    XML_ParserFree(parser);
+    return ok;
+}
+
+// Processor time of this process: the machine may be shared, and the ratios should not
+// depend on what else runs.
+double cpuSeconds() {
+    return double(std::clock()) / CLOCKS_PER_SEC;
+}
+
+std::size_t arrayBytes(Arbor::Node* list) {
+    if (auto* l2 = dynamic_cast<P2List*>(list))
+        return l2->size() * sizeof(P2) + (l2->colored() ? l2->size() * sizeof(RGBA) : 0);
+    auto* l3 = dynamic_cast<P3List*>(list);
+    return l3->size() * sizeof(P3) * (l3->hasNormals() ? 2 : 1) +
+           l3->size() * sizeof(RGBA) * l3->numColors();
+}
+
+// Load against the plain parser pass, in the same iteration, and the peak memory of the load
+// against the final arrays plus the input text. The load is also timed with the parser's
+// namespace processing off, which a host may choose for text in the default namespace.
+void loadVersusExpat(benchmark::State& state, bool space) {
+    BenchClasses classes;
+    const std::string& text = document(space);
+    double zpx = 0;
+    double zpxPlainNames = 0;
+    double expat = 0;
+    double peakRatio = 0;
+    double peakMB = 0;
+    for (auto _ : state) {
+        const double t0 = cpuSeconds();
+        if (!expatPass(text)) state.SkipWithError("the plain pass failed");
+        const double t1 = cpuSeconds();
+        {
+            PlotDocument doc;
+            const std::size_t before = liveBytes;
+            peakBytes = liveBytes;
+            const double t2 = cpuSeconds();
+            if (!load(doc, text)) state.SkipWithError("the load failed");
+            const double t3 = cpuSeconds();
+            const std::size_t arrays = arrayBytes(doc.documentElement()->firstChild());
+            // The input text was there before; the peak counts it as part of the load.
+            const double peak = double(peakBytes - before) + double(text.size());
+            peakRatio = peak / double(arrays + text.size());
+            peakMB = peak / 1e6;
+            zpx += t3 - t2;
+            expat += t1 - t0;
+            state.SetIterationTime(t3 - t2);
+        }
+        PlotDocument doc;
+        const double t4 = cpuSeconds();
+        if (!load(doc, text, false)) state.SkipWithError("the load failed");
+        zpxPlainNames += cpuSeconds() - t4;
+    }
+    state.counters["ratio_to_expat"] = zpx / expat;
+    state.counters["ratio_no_namespaces"] = zpxPlainNames / expat;
+    state.counters["expat_ms"] = 1e3 * expat / double(state.iterations());
+    state.counters["peak_MB"] = peakMB;
+    state.counters["peak_to_arrays_plus_input"] = peakRatio;
+    state.counters["input_MB"] = double(text.size()) / 1e6;
+    state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(text.size()));
+}
+
+// Writing against a loop that writes the same numbers with operator<< to the same kind of
+// stream.
+void writeVersusStream(benchmark::State& state, bool space) {
+    BenchClasses classes;
+    PlotDocument doc;
+    if (!load(doc, document(space))) state.SkipWithError("the load failed");
+    Arbor::Node* list = doc.documentElement()->firstChild();
+    double zpx = 0;
+    double plain = 0;
+    std::size_t written = 0;
+    for (auto _ : state) {
+        const double t0 = cpuSeconds();
+        {
+            std::ostringstream out;
+            if (space) {
+                auto* l = static_cast<P3List*>(list);
+                const P3* p = l->points();
+                const P3* n = l->normals();
+                for (std::size_t i = 0; i < l->size(); ++i)
+                    out << p[i].x << ' ' << p[i].y << ' ' << p[i].z << ' ' << n[i].x << ' '
+                        << n[i].y << ' ' << n[i].z << ' ';
+            } else {
+                auto* l = static_cast<P2List*>(list);
+                const P2* p = l->points();
+                for (std::size_t i = 0; i < l->size(); ++i) out << p[i].x << ' ' << p[i].y << ' ';
+            }
+            benchmark::DoNotOptimize(out.tellp());
+        }
+        const double t1 = cpuSeconds();
+        {
+            std::ostringstream out;
+            doc.putXml(out);
+            written = static_cast<std::size_t>(out.tellp());
+        }
+        const double t2 = cpuSeconds();
+        plain += t1 - t0;
+        zpx += t2 - t1;
+        state.SetIterationTime(t2 - t1);
+    }
+    state.counters["ratio_to_stream"] = zpx / plain;
+    state.counters["stream_ms"] = 1e3 * plain / double(state.iterations());
+    state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(written));
+}
+
+void BM_ZpxLoadP2(benchmark::State& state) {
+    loadVersusExpat(state, false);
+}
+void BM_ZpxLoadP3Normals(benchmark::State& state) {
+    loadVersusExpat(state, true);
+}
+void BM_ZpxWriteP2(benchmark::State& state) {
+    writeVersusStream(state, false);
+}
+void BM_ZpxWriteP3Normals(benchmark::State& state) {
+    writeVersusStream(state, true);
+}
+
+BENCHMARK(BM_ZpxLoadP2)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(BM_ZpxLoadP3Normals)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(BM_ZpxWriteP2)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(BM_ZpxWriteP3Normals)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+
+} // namespace

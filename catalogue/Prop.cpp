@@ -1,0 +1,8 @@
+#include <grafel/catalogue/Prop.h>
+
+namespace Grafel {
+
+GRAFEL_DEFINE_MEMBER_PROPERTIES(Prop, GRAFEL_PROP_TABLE)
+GRAFEL_REGISTER_ELEMENT_CLASS(Prop);
+
+} // namespace Grafel

@@ -1,0 +1,37 @@
+// A named option of a plot object that has no property of its own in the element tables: its
+// value is kept as text, and the catalogue tells how to read it.
+#pragma once
+
+#include <grafel/properties/ElementClass.h>
+#include <grafel/properties/MemberTable.h>
+#include <grafel/properties/PlotElement.h>
+#include <grafel/properties/PropertyTypes.h>
+
+// Which option, and its value as text (which may be empty).
+#define GRAFEL_PROP_TABLE(P)                                                                       \
+    P(Mandatory, TokenProperty, Opt, ::Arbor::Token(), ::Arbor::Token())                           \
+    P(Mandatory, MStringProperty, Val, (Tessel::FixedStringBase<wchar_t>()),                       \
+      (Tessel::FixedStringBase<wchar_t>()))
+
+namespace Grafel {
+
+/// An option value under an object. It takes no children. A copy made by cloneNode has a null
+/// Opt and an empty Val; the copy constructor copies both.
+class Prop : public PlotElement {
+    GRAFEL_ELEMENT_CLASS(Prop)
+    GRAFEL_MEMBER_PROPERTIES(Prop, GRAFEL_PROP_TABLE)
+
+public:
+    Prop(const Prop& other) = default;
+    Prop& operator=(const Prop& other) = default;
+
+    /// Only the empty change: no child is ever added.
+    bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override {
+        return !newFirst && (!first || count == 0);
+    }
+
+protected:
+    explicit Prop(Arbor::Document* document) : PlotElement(document) {}
+};
+
+} // namespace Grafel

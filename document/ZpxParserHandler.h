@@ -1,0 +1,156 @@
+// The builder behind the ZPX reader: turns the events of the XML parser into the element tree of
+// a PlotDocument, decoding point lists, colour and density arrays and texts on the way.
+#pragma once
+
+#include <grafel/foundation/Rgba.h>
+#include <grafel/properties/ElementDocument.h>
+#include <grafel/tessel/xml/SimpleDataHandler.h>
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Grafel {
+
+class P2List;
+class P3List;
+class PlotDocument;
+class PlotElement;
+
+/// The namespace of the dialect. Names in no namespace are read the same.
+inline constexpr const char* zpxNamespaceUri = "http://grafel.org/xml/Orthelia";
+
+/// What the reader needs of an element that keeps a raster of colours beside the tree
+/// (ColorArray2d): the words of the element's text go straight into it, one colour each.
+class ColorArrayInput {
+public:
+    /// Appends one cell.
+    virtual void push_back(RGBA color) = 0;
+    /// The number of cells held.
+    virtual std::size_t size() const = 0;
+
+protected:
+    ~ColorArrayInput() = default;
+};
+
+/// The same for a raster of numbers (DensityArray2d).
+class DensityArrayInput {
+public:
+    virtual void push_back(double value) = 0;
+    virtual std::size_t size() const = 0;
+
+protected:
+    ~DensityArrayInput() = default;
+};
+
+/// Builds the tree of a PlotDocument from the events of a ZpxParser. It opens a batch on the
+/// document when it is made; the end of the Canvas, or cleanup() after a failure, closes it.
+/// After any failure the document holds a fresh, empty Canvas.
+///
+/// Element names are the 106 tags of the dialect and attribute names the 226 property names;
+/// which element takes which child or attribute is left to the element classes. A tag whose
+/// class this build lacks fails the load with a report, and so does a document element other
+/// than Canvas. P2 and P3 points go into the open element when it is a P2List or P3List, array
+/// words when it implements ColorArrayInput or DensityArrayInput. Nesting is limited to
+/// maxDepth levels, so that whatever is read can be written again (writing recurses).
+class ZpxParserHandler : public Tessel::Xml::SimpleDataHandler {
+public:
+    /// Deepest nesting of elements that a document may have.
+    static constexpr int maxDepth = 4096;
+
+    /// With `dropIds` the attribute `id` is ignored everywhere. Reports of the reader go to
+    /// `errorHandler` (may be null) as two calls: "ZPX error: ", then the message.
+    ZpxParserHandler(PlotDocument* document, bool dropIds,
+                     ElementDocument::ErrorHandler errorHandler);
+    ZpxParserHandler(const ZpxParserHandler&) = delete;
+    ZpxParserHandler& operator=(const ZpxParserHandler&) = delete;
+    /// Releases what it holds; does not close the batch.
+    ~ZpxParserHandler() override;
+
+    void startElement(int namespaceId, int nameId,
+                      const std::vector<Tessel::Xml::Attribute>& attributes) override;
+    void endElement(int namespaceId, int nameId) override;
+    /// Accepts a dialect tag (in the dialect's namespace or none); the id is its token id.
+    bool elementName(const char* namespaceUri, const char* name, int& namespaceId,
+                     int& nameId) override;
+    /// Accepts a dialect attribute name, as elementName.
+    bool attributeName(const char* namespaceUri, const char* name, int& namespaceId,
+                       int& nameId) override;
+    /// Leaves a fresh, empty Canvas as the document element and closes the batch, if that has
+    /// not happened yet. Does the work once: later calls do nothing.
+    void cleanup() override;
+    /// In an array element the text is split into words as it comes; elsewhere it is kept.
+    void onCharacterData(const char* text, int length) override;
+
+    PlotDocument* document() const { return document_; }
+
+    /// The token ids of the tags of the dialect, ascending.
+    static std::span<const int> elementNames();
+    /// The token ids of the attribute names of the dialect, ascending.
+    static std::span<const int> attributeNames();
+
+    /// Reads `text` as sscanf(text, format) does, where the format is `numbers` conversions
+    /// " %lf" followed by `colors` conversions " #%10s" (numbers 1 to 6, colours 0 to 2); answers
+    /// the number of fields converted, as sscanf would (-1 when the text has no field at all).
+    /// `values` has room for six numbers and `words` for two colour words, each stored
+    /// NUL-terminated. Plain decimal numbers are read without the C library, and give the same
+    /// bits; whatever is not plain is handed to sscanf itself.
+    static int scanFields(const std::string& text, int numbers, int colors, double* values,
+                          char (*words)[11]);
+
+protected:
+    /// Reports as described for the constructor; nothing without a handler.
+    void error(const char* format, ...) const __attribute__((format(printf, 2, 3)));
+    /// Reports "illegal %s [parent %s]" and throws DomException 15.
+    [[noreturn]] void illegalChild(const char* name, const PlotElement* parent) const;
+    /// Reports "%s data corrupted: '%s'" and throws DomException 15.
+    [[noreturn]] void illegalData(const char* name, const char* text) const;
+
+    /// Parses the collected word as a colour and appends it to the array element; nothing
+    /// for an empty word.
+    void storeColor();
+    /// Parses the collected word as a number and appends it to the array element.
+    void storeDensity();
+
+    /// The word being collected in an array element; it outlives a character callback, since
+    /// the parser may split a word anywhere.
+    std::string wordBuffer_;
+
+private:
+    enum class ArrayKind { None, Color, Density };
+
+    /// Makes `element` the open element and caches what the data events need of it.
+    void enter(PlotElement* element);
+    /// The parent of the open element becomes the open element; a point list that is left is
+    /// trimmed to its size.
+    void goUp();
+    void endPoint2();
+    void endPoint3();
+    void endArray();
+    void endText();
+    /// Splits array text into words, storing each completed one.
+    void splitWords(const char* text, std::size_t length);
+    void storeWord();
+
+    PlotDocument* document_;
+    ElementDocument::ErrorHandler errorHandler_;
+    Arbor::Ref<PlotElement> current_;
+    // What the open element is, looked up once when it is entered.
+    P2List* currentP2_ = nullptr;
+    P3List* currentP3_ = nullptr;
+    ColorArrayInput* colorArray_ = nullptr;
+    DensityArrayInput* densityArray_ = nullptr;
+    ArrayKind arrayKind_ = ArrayKind::None;
+    unsigned childIndex_ = 0;
+    int depth_ = 0;
+    bool keepIds_;
+    bool batchOpen_ = false;
+    bool cleanedUp_ = false;
+    /// Whether numbers may be read without the C library: only while its decimal point is
+    /// '.', since sscanf follows the locale.
+    bool plainNumbers_;
+};
+
+} // namespace Grafel

@@ -1,0 +1,431 @@
+#include "document/ZpxTestHelpers.h"
+
+#include <grafel/arbor/Text.h>
+#include <grafel/catalogue/Prop.h>
+#include <grafel/catalogue/PropCat.h>
+#include <grafel/properties/Expr.h>
+#include <grafel/properties/ListTable.h>
+#include <grafel/properties/VExpr.h>
+#include <grafel/structure/ObjType.h>
+#include <grafel/structure/TimeRange.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+#include <set>
+
+using namespace Grafel;
+using namespace ZpxTest;
+
+namespace ZpxTest {
+// The tables of the stand-ins, defined once for the test program.
+GRAFEL_DEFINE_MEMBER_PROPERTIES(TestPoly2, ZPX_TEST_POLY_TABLE)
+GRAFEL_DEFINE_MEMBER_PROPERTIES(TestColors, ZPX_TEST_ARRAY_TABLE)
+GRAFEL_DEFINE_MEMBER_PROPERTIES(TestDensity, ZPX_TEST_ARRAY_TABLE)
+} // namespace ZpxTest
+
+namespace {
+
+const std::string ns = "http://grafel.org/xml/Orthelia";
+
+std::wstring textOf(Arbor::Node* element) {
+    std::wstring out;
+    for (Arbor::Node* n = element->firstChild(); n; n = n->nextSibling())
+        if (n->asText()) out += n->nodeValue();
+    return out;
+}
+
+std::vector<Arbor::Node*> children(Arbor::Node* parent) {
+    std::vector<Arbor::Node*> out;
+    for (Arbor::Node* n = parent->firstChild(); n; n = n->nextSibling()) out.push_back(n);
+    return out;
+}
+
+struct ZpxReader : ::testing::Test {
+    TestClasses classes;
+    PlotDocument doc;
+    PlotElement* root() { return PlotElement::from(doc.documentElement()); }
+    // Loads and expects a failure that leaves an empty page behind.
+    void fails(const std::string& text) {
+        SCOPED_TRACE(text.substr(0, 200));
+        EXPECT_FALSE(load<TestHandler>(doc, text));
+        EXPECT_TRUE(isFreshCanvas(doc));
+    }
+};
+
+} // namespace
+
+TEST_F(ZpxReader, NamesAreResolvedWithFourReports) {
+    struct Case {
+        std::string text;
+        std::string report;
+    } cases[] = {
+        {"<Canvas xmlns='http://other.org/x'/>", "unknown namespace 'http://other.org/x'\n"},
+        {"<Canvas xmlns:o='http://other.org/x' o:Width='3'/>",
+         "unknown namespace 'http://other.org/x'\n"},
+        {"<Canvas><Nonsense/></Canvas>", "unknown element 'Nonsense'\n"},
+        {"<Canvas Nonsense='1'/>", "unknown attribute 'Nonsense'\n"},
+        {"<Canvas><Width/></Canvas>", "not an element 'Width'\n"},
+        {"<Canvas Obj2d='1'/>", "not an attribute 'Obj2d'\n"},
+        {"<Canvas><Dashed/></Canvas>", "not an element 'Dashed'\n"},
+    };
+    for (const Case& c : cases) {
+        fails(c.text);
+        EXPECT_EQ(messages(), std::vector<std::string>{c.report});
+        // The prefix arrives as a call of its own, before the message.
+        ASSERT_EQ(calls().size(), 2u);
+        EXPECT_EQ(calls()[0], "ZPX error: ");
+    }
+    // The dialect's namespace, by default or by prefix, and no namespace, are all read.
+    for (std::string text :
+         {"<Canvas xmlns='" + ns + "' Width='50'/>",
+          "<z:Canvas xmlns:z='" + ns + "' z:Width='50'/>", std::string("<Canvas Width='50'/>")}) {
+        ASSERT_TRUE(load(doc, text)) << text;
+        EXPECT_EQ(root()->getProperty(tok_Width).as<Arbor::DoubleVariant>()->val(), 50.0);
+    }
+}
+
+TEST_F(ZpxReader, GroupsAttachAsTheirTagsSay) {
+    const std::string text = R"(<Canvas>
+        <TimeRange TimeBegin="1" TimeEnd="2"/>
+        <TimeRange TimeBegin="3" TimeEnd="4"/>
+        <ObjStyle Type="Curve2d" LineWidth="2"/>
+        <Obj2d Type="Function2d" id="a">
+          <Title>  first  </Title>
+          <Title>second</Title>
+          <Expr Opt="Function">  sin( x )
+          </Expr>
+          <ColorFunc Opt="LineColorFunction"><IExpr>u</IExpr><IExpr>v</IExpr></ColorFunc>
+          <ExprSeq Opt="Levels"><IExpr>1</IExpr><IExpr/><IExpr>3</IExpr></ExprSeq>
+          <ParameterBegin Val="-1">a</ParameterBegin>
+          <Prop Opt="Mesh" Val=""/>
+        </Obj2d>
+        <Obj2d Type="Curve2d"/>
+        <ObjType Type="Curve2d"><PropCat Name="Main"><PropCat Name="Sub"/></PropCat></ObjType>
+      </Canvas>)";
+    ASSERT_TRUE(load(doc, text)) << ::testing::PrintToString(messages());
+    EXPECT_TRUE(messages().empty());
+    EXPECT_EQ(doc.batchDepth(), 0);
+
+    std::vector<std::string> tags;
+    for (Arbor::Node* n : children(root())) tags.push_back(n->nodeName().c_str());
+    // A second single replaces the first; typed elements are appended.
+    EXPECT_EQ(tags,
+              (std::vector<std::string>{"TimeRange", "ObjStyle", "Obj2d", "Obj2d", "ObjType"}));
+    EXPECT_EQ(static_cast<TimeRange*>(root()->firstChild())->getTimeBegin(), 3.0);
+
+    PlotElement* obj = PlotElement::from(children(root())[2]);
+    EXPECT_EQ(obj->getProperty(tok_id).as<Arbor::FixedStringVariant>()->val().view(), "a");
+    EXPECT_EQ(textOf(obj->findChild(tok_Title)), L"second");
+    Arbor::Node* expr = obj->findChild(tok_Expr);
+    ASSERT_EQ(children(expr).size(), 1u); // the trimmed text is the only child
+    EXPECT_EQ(textOf(expr), L"sin( x )");
+    EXPECT_EQ(static_cast<Expr*>(expr)->getOpt(), Arbor::Token("Function", true));
+
+    // Sequence items overwrite the default children position by position, then append.
+    Arbor::Node* colorFunc = obj->findChild(tok_ColorFunc);
+    ASSERT_EQ(children(colorFunc).size(), 2u);
+    EXPECT_EQ(textOf(children(colorFunc)[0]), L"u");
+    EXPECT_EQ(textOf(children(colorFunc)[1]), L"v");
+    Arbor::Node* seq = obj->findChild(tok_ExprSeq);
+    ASSERT_EQ(children(seq).size(), 3u);
+    // An empty element gets an empty text child.
+    ASSERT_EQ(children(children(seq)[1]).size(), 1u);
+    EXPECT_EQ(textOf(children(seq)[1]), L"");
+
+    auto* begin = static_cast<VExpr*>(obj->findChild(tok_ParameterBegin));
+    EXPECT_EQ(begin->getVal(), -1.0);
+    EXPECT_EQ(textOf(begin), L"a");
+    auto* prop = static_cast<Prop*>(obj->findChild(tok_Prop));
+    EXPECT_EQ(prop->getOpt(), Arbor::Token("Mesh", true));
+    EXPECT_TRUE(prop->getVal().empty());
+
+    auto* category = obj->ownerDocument()->documentElement()->lastChild()->firstChild();
+    EXPECT_EQ(category->nodeName(), tok_PropCat);
+    EXPECT_EQ(category->firstChild()->nodeName(), tok_PropCat);
+}
+
+TEST_F(ZpxReader, DroppedIdsAndVersions) {
+    ASSERT_TRUE(load(doc, "<Canvas id='p'><Obj2d Type='Curve2d' id='o'/></Canvas>", true));
+    EXPECT_FALSE(root()->hasAttribute(tok_id));
+    EXPECT_FALSE(PlotElement::from(root()->firstChild())->hasAttribute(tok_id));
+
+    // A newer file is reported and read as far as its names are known.
+    ASSERT_TRUE(load(doc, "<Canvas version='2' Width='70'><TimeRange/></Canvas>"));
+    EXPECT_EQ(messages(), std::vector<std::string>{"unknown version '2'\n"});
+    EXPECT_EQ(root()->getProperty(tok_Width).as<Arbor::DoubleVariant>()->val(), 70.0);
+    EXPECT_TRUE(root()->hasChildNodes());
+    ASSERT_TRUE(load(doc, "<Canvas version='1'/>"));
+    EXPECT_TRUE(messages().empty());
+}
+
+TEST_F(ZpxReader, RefusedContentLeavesAnEmptyPage) {
+    // A tree from before is lost once the load reaches the Canvas.
+    ASSERT_TRUE(load(doc, "<Canvas Width='50'><TimeRange/></Canvas>"));
+    // Missing mandatory values: refused without a report.
+    for (const char* text : {"<Canvas><Obj2d/></Canvas>",
+                             "<Canvas><Obj2d Type='Curve2d'><Expr>x</Expr></Obj2d></Canvas>",
+                             "<Canvas><Obj2d Type='Curve2d'><ExprSeq/></Obj2d></Canvas>",
+                             "<Canvas><Obj2d Type='Curve2d'><Prop Val='1'/></Obj2d></Canvas>",
+                             "<Canvas><ObjType Type='A'><PropCat/></ObjType></Canvas>",
+                             "<Canvas><ObjType Type='A'><PropCat Name=''/></ObjType></Canvas>",
+                             "<Canvas><ObjType Type='A'><PropCat Name='c'><PropInfo/></PropCat>"
+                             "</ObjType></Canvas>"}) {
+        fails(text);
+        EXPECT_TRUE(messages().empty()) << text;
+    }
+    // A child its parent refuses, and a bad value, report what the elements say.
+    fails("<Canvas><ObjType Type='A'><Prop Opt='a' Val=''/></ObjType></Canvas>");
+    fails("<Canvas Width='wide'/>");
+    EXPECT_FALSE(messages().empty());
+    fails("<Canvas><TimeRange><TimeRange/></TimeRange></Canvas>");
+}
+
+TEST_F(ZpxReader, RootAndClassProblems) {
+    fails("<Obj2d Type='Curve2d'/>");
+    EXPECT_EQ(messages(), std::vector<std::string>{"document element 'Obj2d' is no Canvas\n"});
+    fails("<P2>1 2</P2>");
+    fails("<Canvas><Canvas/></Canvas>");
+    EXPECT_EQ(messages(), std::vector<std::string>{"illegal Canvas [parent Canvas]\n"});
+    fails("<Canvas><P2>1 2</P2></Canvas>");
+    EXPECT_EQ(messages(), std::vector<std::string>{"illegal P2 [parent Canvas]\n"});
+    fails("<Canvas><P3>1 2 3</P3></Canvas>");
+    EXPECT_EQ(messages(), std::vector<std::string>{"illegal P3 [parent Canvas]\n"});
+
+    // A tag whose class this build lacks.
+    const ElementMaker maker = elementMaker(id_TimeRange);
+    registerElementClass(id_TimeRange, nullptr);
+    fails("<Canvas><TimeRange/></Canvas>");
+    registerElementClass(id_TimeRange, maker);
+    EXPECT_EQ(messages(), std::vector<std::string>{"element 'TimeRange' is not supported\n"});
+}
+
+TEST_F(ZpxReader, ArraysNeedTheirInterface) {
+    // The array tags take their words only into an element that keeps an array.
+    const ElementMaker maker = elementMaker(id_ColorArray2d);
+    registerElementClass(id_ColorArray2d, &TestPoly2::create);
+    fails("<Canvas><ColorArray2d>#ff0000</ColorArray2d></Canvas>");
+    registerElementClass(id_ColorArray2d, maker);
+    EXPECT_EQ(messages(), std::vector<std::string>{"element 'ColorArray2d' keeps no array\n"});
+}
+
+TEST_F(ZpxReader, ABatchSpansTheLoad) {
+    struct Counter : Arbor::IDocObserver {
+        int events = 0;
+        int depthSeen = -1;
+        PlotDocument* doc = nullptr;
+        void handleEvent(Arbor::DomEvent&) override {
+            if (!events++) depthSeen = doc->batchDepth();
+        }
+    } counter;
+    counter.doc = &doc;
+    doc.addObserver(&counter);
+    ZpxParserHandler handler(&doc, false, &collect);
+    EXPECT_EQ(doc.batchDepth(), 1);
+    ZpxParser parser(&handler, true, nullptr);
+    const std::string text = "<Canvas Width='60'><TimeRange TimeEnd='3'/></Canvas>";
+    ASSERT_TRUE(parser.parseSave(text.data(), static_cast<int>(text.size()), true));
+    EXPECT_EQ(doc.batchDepth(), 0);
+    EXPECT_GT(counter.events, 0);
+    EXPECT_EQ(counter.depthSeen, 0); // delivered when the batch closed
+    doc.removeObserver(&counter);
+}
+
+// The point lists, through stand-in list classes.
+
+TEST_F(ZpxReader, P2Points) {
+    auto list = [&] { return static_cast<TestPoly2*>(root()->firstChild()); };
+    ASSERT_TRUE(load<TestHandler>(doc, "<Canvas><Row1 Closed='1'>"
+                                       "<P2> 1 2 </P2><P2>inf 3</P2><P2>-1.5e3\n.25</P2>"
+                                       "<P2>1 2 3</P2><P2>1.5-2</P2><P2>+4 0x10</P2>"
+                                       "</Row1></Canvas>"));
+    ASSERT_EQ(list()->size(), 5u); // the "inf" point is dropped without a word
+    EXPECT_TRUE(messages().empty());
+    EXPECT_EQ(list()->pointAt(1).x, -1500.0);
+    EXPECT_EQ(list()->pointAt(1).y, 0.25);
+    EXPECT_EQ(list()->pointAt(2).x, 1.0); // as sscanf reads it: the third number is ignored
+    EXPECT_EQ(list()->pointAt(3).y, -2.0);
+    EXPECT_EQ(list()->pointAt(4).x, 4.0);
+    EXPECT_EQ(list()->pointAt(4).y, 16.0);
+    EXPECT_FALSE(list()->colored());
+    EXPECT_EQ(list()->capacity(), list()->size()); // trimmed at the end of the list
+
+    ASSERT_TRUE(load<TestHandler>(
+        doc, "<Canvas><Row1><P2>0 1 #ff000080aabb</P2><P2>2 3#00ff00</P2></Row1></Canvas>"));
+    ASSERT_EQ(list()->size(), 2u);
+    // At most ten characters of the word, of which the colour takes four pairs.
+    EXPECT_EQ(list()->colorAt(0), RGBA(255, 0, 0, 0x80));
+    EXPECT_EQ(list()->colorAt(1), RGBA(0, 255, 0, 255));
+
+    const char* colouredThenPlain =
+        "<Canvas><Row1><P2>0 1 #ff0000</P2><P2>2 3</P2></Row1></Canvas>";
+    fails(colouredThenPlain);
+    EXPECT_EQ(messages(), std::vector<std::string>{"illegal P2 [parent Row1]\n"});
+    fails("<Canvas><Row1><P2>0 1</P2><P2>2 3 #ff0000</P2></Row1></Canvas>");
+    EXPECT_EQ(messages(), std::vector<std::string>{"illegal P2 [parent Row1]\n"});
+    for (const char* bad : {"1 x", "1", "", "1 2 #zz0000", "1 2 #", "- 1"}) {
+        fails(std::string("<Canvas><Row1><P2>") + bad + "</P2></Row1></Canvas>");
+        EXPECT_EQ(messages(),
+                  std::vector<std::string>{std::string("P2 data corrupted: '") + bad + "'\n"});
+    }
+}
+
+TEST_F(ZpxReader, P3Points) {
+    auto list = [&] { return static_cast<TestPoly3*>(root()->firstChild()); };
+    ASSERT_TRUE(load<TestHandler>(doc, "<Canvas><Row2>"
+                                       "<P3>1 2 3 0 0 1 #ff0000 #0000ff80</P3>"
+                                       "<P3>1e31 -1e31 1e999 0 inf 1 #000000 #000000</P3>"
+                                       "<P3>4e30 -4e30 1e999 nan 0 1 #ffffff #ffffff</P3>"
+                                       "</Row2></Canvas>"));
+    ASSERT_EQ(list()->size(), 2u);
+    EXPECT_TRUE(list()->hasNormals());
+    EXPECT_EQ(list()->numColors(), 2);
+    EXPECT_EQ(list()->secondColorAt(0), RGBA(0, 0, 255, 0x80));
+    // Coordinates and normals are clamped; a NaN stays.
+    EXPECT_EQ(list()->pointAt(1).x, 3e30);
+    EXPECT_EQ(list()->pointAt(1).y, -3e30);
+    EXPECT_EQ(list()->pointAt(1).z, 3e30);
+    EXPECT_TRUE(std::isnan(list()->normalAt(1).x));
+    EXPECT_EQ(list()->capacity(), list()->size());
+
+    // The pattern of the first point binds the rest; it is tested before the "inf".
+    fails("<Canvas><Row2><P3>1 2 3</P3><P3>1 2 3 4 5 6</P3></Row2></Canvas>");
+    EXPECT_EQ(messages(), std::vector<std::string>{"P3 data corrupted: '1 2 3 4 5 6'\n"});
+    fails("<Canvas><Row2><P3>1 2 3</P3><P3>1 2 inf #ffffff</P3></Row2></Canvas>");
+    EXPECT_EQ(messages(), std::vector<std::string>{"P3 data corrupted: '1 2 inf #ffffff'\n"});
+    for (const char* bad :
+         {"", "1 2", "1 2 3 4", "1 2 3 #a #b #c", "1 2 x", "#ff0000 1 2 3", "1 2 3 #ff0000 #zz"}) {
+        fails(std::string("<Canvas><Row2><P3>") + bad + "</P3></Row2></Canvas>");
+        EXPECT_EQ(messages(),
+                  std::vector<std::string>{std::string("P3 data corrupted: '") + bad + "'\n"});
+    }
+}
+
+TEST_F(ZpxReader, ArrayWordsSplitAnywhere) {
+    const std::string colours = "<Canvas><Row3 XMesh='2' YMesh='3'>#ff0000 #00ff00\n\t#0000ff "
+                                "#010203   #04050680 #ffffff #070809</Row3></Canvas>";
+    const std::vector<RGBA> expected = {
+        RGBA(255, 0, 0, 255), RGBA(0, 255, 0, 255),     RGBA(0, 0, 255, 255), RGBA(1, 2, 3, 255),
+        RGBA(4, 5, 6, 0x80),  RGBA(255, 255, 255, 255), RGBA(7, 8, 9, 255)};
+    // Every piece size splits words at another place; the last word needs no blank behind it.
+    for (std::size_t piece : {0, 1, 2, 3, 5, 7, 11}) {
+        ASSERT_TRUE(load<TestHandler>(doc, colours, false, piece)) << piece;
+        EXPECT_EQ(static_cast<TestColors*>(root()->firstChild())->cells, expected) << piece;
+    }
+    fails("<Canvas><Row3 XMesh='2' YMesh='3'>#ff0000 #00ff00 #0000ff #010203 #040506</Row3>"
+          "</Canvas>");
+    EXPECT_EQ(messages(), std::vector<std::string>{"Row3 data corrupted: 'colors missing'\n"});
+    fails("<Canvas><Row3>#ff0000 red</Row3></Canvas>");
+    EXPECT_EQ(messages(), std::vector<std::string>{"ColorArray2d data corrupted: 'red'\n"});
+
+    const std::string numbers =
+        "<Canvas><Rows XMesh='2' YMesh='2'> 1.5 -2e3\n+3 0x1p4 </Rows></Canvas>";
+    for (std::size_t piece : {0, 1, 4}) {
+        ASSERT_TRUE(load<TestHandler>(doc, numbers, false, piece));
+        EXPECT_EQ(static_cast<TestDensity*>(root()->firstChild())->cells,
+                  (std::vector<double>{1.5, -2000, 3, 16}));
+    }
+    fails("<Canvas><Rows XMesh='2' YMesh='2'>1 2 3</Rows></Canvas>");
+    EXPECT_EQ(messages(), std::vector<std::string>{"Rows data corrupted: 'values missing'\n"});
+    fails("<Canvas><Rows>1 x2</Rows></Canvas>");
+    EXPECT_EQ(messages(), std::vector<std::string>{"DensityArray2d data corrupted: 'x2'\n"});
+}
+
+// Bad input of every kind ends in a clean failure.
+
+TEST_F(ZpxReader, TruncatedAndSplitInput) {
+    const std::string text =
+        "<?xml version='1.0'?>\n<Canvas Width='80' Name='\xc3\xa9t\xc3\xa9'>"
+        "<ObjStyle Type='Curve2d'/><Obj2d Type='Curve2d'><Title>t &amp; u</Title>"
+        "<Expr Opt='Function'>x^2</Expr></Obj2d>"
+        "<Row1><P2>1 2</P2><P2>3 4</P2></Row1><Row2><P3>1 2 3 #ffffff</P3></Row2></Canvas>";
+    ASSERT_TRUE(load<TestHandler>(doc, text));
+    const std::string whole = xml(doc);
+    for (std::size_t cut = 0; cut < text.size(); ++cut) {
+        SCOPED_TRACE(cut);
+        ASSERT_FALSE(load<TestHandler>(doc, text.substr(0, cut)));
+        ASSERT_TRUE(isFreshCanvas(doc));
+    }
+    for (std::size_t piece = 1; piece < 40; piece += 3) {
+        ASSERT_TRUE(load<TestHandler>(doc, text, false, piece));
+        EXPECT_EQ(xml(doc), whole);
+    }
+}
+
+TEST_F(ZpxReader, MalformedAndHostileInput) {
+    fails("<Canvas Name='\xff\xfe'/>");                    // not UTF-8
+    fails("<Canvas Name='\xc3'/>");                        // cut inside a character
+    fails("<Canvas><Title>\xed\xa0\x80</Title></Canvas>"); // a surrogate
+    fails("");
+    fails("   ");
+    fails("<Canvas/>junk");
+    fails("<!DOCTYPE x [<!ENTITY e SYSTEM 'file:///etc/passwd'>]><Canvas Name='&e;'/>");
+
+    std::mt19937 random(7);
+    for (int round = 0; round < 200; ++round) {
+        std::string garbage(1 + random() % 300, '\0');
+        for (char& c : garbage) c = static_cast<char>(random());
+        if (round % 2) garbage = "<Canvas>" + garbage;
+        fails(garbage);
+    }
+
+    // A huge value is read as it stands, or refused with a report.
+    const std::string big(4 << 20, 'n');
+    ASSERT_TRUE(load(doc, "<Canvas Name='" + big + "'/>"));
+    EXPECT_EQ(root()->getProperty(tok_Name).as<Arbor::FixedUStringVariant>()->val().size(),
+              big.size());
+    fails("<Canvas Width='x" + std::string(1 << 20, '9') + "'/>");
+    EXPECT_FALSE(messages().empty());
+}
+
+TEST_F(ZpxReader, DeepNesting) {
+    auto nested = [](int depth) {
+        std::string text = "<Canvas><ObjType Type='T'>";
+        for (int i = 0; i < depth; ++i) text += "<PropCat Name='c'>";
+        for (int i = 0; i < depth; ++i) text += "</PropCat>";
+        return text + "</ObjType></Canvas>";
+    };
+    const int deepest = ZpxParserHandler::maxDepth - 2;
+    ASSERT_TRUE(load(doc, nested(deepest)));
+    // What was read can be written and read again.
+    const std::string written = xml(doc);
+    ASSERT_TRUE(load(doc, written));
+    EXPECT_EQ(xml(doc), written);
+
+    fails(nested(deepest + 1));
+    EXPECT_EQ(messages(), std::vector<std::string>{"elements nested deeper than 4096 levels\n"});
+    fails(nested(100000));
+    // No node is ever made for a point, but the levels count all the same.
+    std::string points = "<Canvas>";
+    for (int i = 0; i < 100000; ++i) points += "<P2>";
+    fails(points);
+}
+
+TEST(ZpxNames, TablesAgreeWithTheCatalogueAndTheClasses) {
+    const auto elements = ZpxParserHandler::elementNames();
+    const auto attributes = ZpxParserHandler::attributeNames();
+    EXPECT_EQ(elements.size(), 106u);
+    EXPECT_EQ(attributes.size(), 226u);
+    const std::set<int> tags(elements.begin(), elements.end());
+    const std::set<int> names(attributes.begin(), attributes.end());
+    for (int id : {id_P2, id_P3, id_Canvas, id_Prop, id_ColorArray2d}) EXPECT_TRUE(tags.count(id));
+    std::set<int> both;
+    for (int id : tags)
+        if (names.count(id)) both.insert(id);
+    EXPECT_EQ(both, (std::set<int>{id_TitlePositionX, id_TitlePositionY, id_TitlePositionZ}));
+
+    // Every class that is registered has its tag in the list, and every property it knows is
+    // an attribute name.
+    PlotDocument doc;
+    for (int id = 1; id <= tokenCount; ++id) {
+        if (!elementMaker(id)) continue;
+        EXPECT_TRUE(tags.count(id)) << getToken(id);
+        Arbor::Ref<PlotElement> element(doc.createPlotElement(getToken(id)));
+        for (int name = 1; name <= tokenCount; ++name) {
+            if (element->propertyInfo(getToken(name))) {
+                EXPECT_TRUE(names.count(name)) << getToken(name) << " of " << getToken(id);
+            }
+        }
+    }
+}
