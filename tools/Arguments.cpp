@@ -1,0 +1,96 @@
+#include "Arguments.h"
+
+#include <iostream>
+
+namespace GrafelTool {
+
+namespace {
+
+const OptionSpec* findLong(std::span<const OptionSpec> specs, std::string_view name) {
+    for (const OptionSpec& spec : specs)
+        if (spec.longName == name) return &spec;
+    return nullptr;
+}
+
+const OptionSpec* findShort(std::span<const OptionSpec> specs, char name) {
+    for (const OptionSpec& spec : specs)
+        if (spec.shortName != 0 && spec.shortName == name) return &spec;
+    return nullptr;
+}
+
+void store(ParsedArguments& parsed, const OptionSpec& spec, std::string value) {
+    const std::string name(spec.longName);
+    if (!parsed.options.emplace(name, std::move(value)).second)
+        throw UsageError("option '--" + name + "' given twice");
+}
+
+} // namespace
+
+std::string ParsedArguments::value(std::string_view name, std::string_view fallback) const {
+    const auto it = options.find(name);
+    return it != options.end() ? it->second : std::string(fallback);
+}
+
+ParsedArguments parseArguments(std::span<const std::string_view> args,
+                               std::span<const OptionSpec> specs) {
+    ParsedArguments parsed;
+    bool optionsEnded = false;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        const std::string_view word = args[i];
+        if (optionsEnded || word.size() < 2 || word[0] != '-') {
+            parsed.operands.emplace_back(word);
+            continue;
+        }
+        if (word == "--") {
+            optionsEnded = true;
+            continue;
+        }
+        if (word == "--help" || word == "-h") {
+            parsed.help = true;
+            continue;
+        }
+
+        const OptionSpec* spec = nullptr;
+        std::string_view inlineValue;
+        bool hasInlineValue = false;
+        std::string shown; // the option as the user wrote it, for messages
+        if (word.starts_with("--")) {
+            std::string_view name = word.substr(2);
+            if (const auto eq = name.find('='); eq != std::string_view::npos) {
+                inlineValue = name.substr(eq + 1);
+                hasInlineValue = true;
+                name = name.substr(0, eq);
+            }
+            shown = "--" + std::string(name);
+            spec = findLong(specs, name);
+        } else {
+            shown = std::string(word.substr(0, 2));
+            spec = findShort(specs, word[1]);
+            if (word.size() > 2) {
+                inlineValue = word.substr(2);
+                hasInlineValue = true;
+            }
+        }
+        if (!spec) throw UsageError("unknown option '" + shown + "'");
+
+        if (!spec->takesValue) {
+            if (hasInlineValue) throw UsageError("option '" + shown + "' takes no value");
+            store(parsed, *spec, {});
+        } else if (hasInlineValue) {
+            if (inlineValue.empty()) throw UsageError("option '" + shown + "' needs a value");
+            store(parsed, *spec, std::string(inlineValue));
+        } else {
+            if (i + 1 >= args.size()) throw UsageError("option '" + shown + "' needs a value");
+            store(parsed, *spec, std::string(args[++i]));
+        }
+    }
+    return parsed;
+}
+
+int usageError(std::string_view command, std::string_view message) {
+    const std::string who = command.empty() ? "grafel" : "grafel " + std::string(command);
+    std::cerr << who << ": " << message << "\nTry '" << who << " --help' for more information.\n";
+    return ExitUsage;
+}
+
+} // namespace GrafelTool

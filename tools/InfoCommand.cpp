@@ -1,0 +1,208 @@
+// grafel info: a short summary of what a document holds. The tree is walked by tags, by the
+// Type of the objects and by the point-list bases, so that classes added to the library later
+// are counted without a change here.
+#include "Arguments.h"
+#include "Commands.h"
+#include "Load.h"
+
+#include <grafel/arbor/Variant.h>
+#include <grafel/document/P2List.h>
+#include <grafel/document/P3List.h>
+#include <grafel/document/PlotDocument.h>
+#include <grafel/foundation/Tokens.h>
+#include <grafel/properties/PlotElement.h>
+
+#include <exception>
+#include <iomanip>
+#include <iostream>
+#include <map>
+#include <optional>
+#include <sstream>
+#include <string>
+
+namespace GrafelTool {
+
+namespace {
+
+constexpr std::string_view command = "info";
+
+constexpr std::string_view help = R"(Usage: grafel info INPUT
+
+Loads the plot document INPUT ("-" for standard input) and prints a summary: the page, the
+scenes, coordinate systems and styles, the objects by type, the points of all point lists and
+the animation time range.
+
+Options:
+  -h, --help   show this help
+
+Exit status: 0 loaded, 1 not loaded, 2 wrong command line.
+)";
+
+using Counts = std::map<std::string, long>;
+
+struct Summary {
+    long elements = 0;
+    Counts scenes;
+    Counts coordinateSystems;
+    Counts styles;
+    Counts objects;
+    long planeLists = 0;
+    unsigned long long planePoints = 0;
+    long spaceLists = 0;
+    unsigned long long spacePoints = 0;
+};
+
+std::optional<double> doubleProperty(const Grafel::PlotElement& element, Arbor::Token name) {
+    if (!element.hasProperty(name)) return std::nullopt;
+    const Arbor::Variant value = element.getProperty(name);
+    if (const auto* d = value.as<Arbor::DoubleVariant>()) return d->val();
+    return std::nullopt;
+}
+
+std::string objectType(const Grafel::PlotElement& object) {
+    try {
+        const Arbor::Variant value = object.getProperty(Grafel::tok_Type);
+        if (const auto* t = value.as<Arbor::TokenVariant>(); t && !t->val().isNull())
+            return t->val().text();
+    } catch (const std::exception&) {
+        // An object without Type has been reported by the library already.
+    }
+    return "(no Type)";
+}
+
+void walk(const Arbor::Node& parent, Summary& summary) {
+    using namespace Grafel;
+    for (Arbor::Node* node = parent.firstChild(); node; node = node->nextSibling()) {
+        Arbor::Element* element = node->asElement();
+        if (!element) continue;
+        ++summary.elements;
+        const Arbor::Token tag = element->tagName();
+        const PlotElement* plot = PlotElement::from(element);
+        if (tag == tok_Scene2d || tag == tok_Scene3d)
+            ++summary.scenes[tag.text()];
+        else if (tag == tok_CoordinateSystem2d || tag == tok_CoordinateSystem3d)
+            ++summary.coordinateSystems[tag.text()];
+        else if ((tag == tok_Obj2d || tag == tok_Obj3d) && plot)
+            ++summary.objects[objectType(*plot)];
+        else if (plot && plot->isStyle())
+            ++summary.styles[tag.text()];
+
+        if (const auto* list = dynamic_cast<const P2List*>(element)) {
+            ++summary.planeLists;
+            summary.planePoints += list->size();
+        } else if (const auto* list = dynamic_cast<const P3List*>(element)) {
+            ++summary.spaceLists;
+            summary.spacePoints += list->size();
+        }
+        walk(*element, summary);
+    }
+}
+
+long total(const Counts& counts) {
+    long sum = 0;
+    for (const auto& [name, count] : counts) sum += count;
+    return sum;
+}
+
+/// "3 (Scene2d 2, Scene3d 1)", or "0".
+std::string countsText(const Counts& counts) {
+    std::ostringstream out;
+    out << total(counts);
+    const char* separator = " (";
+    for (const auto& [name, count] : counts) {
+        out << separator << name << ' ' << count;
+        separator = ", ";
+    }
+    if (!counts.empty()) out << ')';
+    return out.str();
+}
+
+void line(std::ostream& out, std::string_view label, const std::string& value) {
+    out << std::left << std::setw(21) << (std::string(label) + ":") << value << '\n';
+}
+
+std::string pointsText(long lists, unsigned long long points) {
+    std::ostringstream out;
+    out << points << " in " << lists << (lists == 1 ? " list" : " lists");
+    return out.str();
+}
+
+void print(std::ostream& out, const std::string& input, Grafel::PlotDocument& document) {
+    Summary summary;
+    walk(document, summary);
+    const auto* canvas = Grafel::PlotElement::from(document.documentElement());
+
+    line(out, "input", input);
+    if (canvas) {
+        const auto width = doubleProperty(*canvas, Grafel::tok_Width);
+        const auto height = doubleProperty(*canvas, Grafel::tok_Height);
+        if (width && height) {
+            std::ostringstream page;
+            page << *width << " x " << *height << " mm";
+            line(out, "page", page.str());
+        }
+    }
+    line(out, "elements", std::to_string(summary.elements));
+    line(out, "scenes", countsText(summary.scenes));
+    line(out, "coordinate systems", countsText(summary.coordinateSystems));
+    line(out, "styles", countsText(summary.styles));
+    line(out, "objects", std::to_string(total(summary.objects)));
+    for (const auto& [type, count] : summary.objects) line(out, "  " + type, std::to_string(count));
+    line(out, "plane points", pointsText(summary.planeLists, summary.planePoints));
+    line(out, "space points", pointsText(summary.spaceLists, summary.spacePoints));
+
+    std::string animation = "none";
+    if (canvas) {
+        for (Arbor::Node* node = canvas->firstChild(); node; node = node->nextSibling()) {
+            const auto* range = Grafel::PlotElement::from(node);
+            if (!range || range->tagName() != Grafel::tok_TimeRange) continue;
+            const auto begin = doubleProperty(*range, Grafel::tok_TimeBegin);
+            const auto end = doubleProperty(*range, Grafel::tok_TimeEnd);
+            if (begin && end) {
+                std::ostringstream text;
+                text << *begin << " to " << *end;
+                animation = text.str();
+            }
+            break;
+        }
+    }
+    line(out, "animation", animation);
+}
+
+} // namespace
+
+int runInfo(Words args) {
+    ParsedArguments parsed;
+    try {
+        parsed = parseArguments(args, {});
+    } catch (const UsageError& e) {
+        return usageError(command, e.what());
+    }
+    if (parsed.help) {
+        std::cout << help;
+        return ExitOk;
+    }
+    if (parsed.operands.empty()) return usageError(command, "missing INPUT");
+    if (parsed.operands.size() > 1)
+        return usageError(command, "one INPUT only, got '" + parsed.operands[1] + "' as well");
+    const std::string& input = parsed.operands.front();
+
+    ReportScope reports(displayName(input), std::cerr);
+    Grafel::PlotDocument document;
+    if (!loadDocument(document, input, {}, reports)) return ExitFailed;
+    try {
+        std::ostringstream text;
+        print(text, reports.input(), document);
+        std::cout << text.str() << std::flush;
+    } catch (const std::exception& e) {
+        reports.emit(std::string("error: cannot summarise the document: ") + e.what());
+        return ExitFailed;
+    }
+    if (!std::cout) {
+        std::cerr << "<stdout>: error: write failed\n";
+        return ExitFailed;
+    }
+    return ExitOk;
+}
+
+} // namespace GrafelTool
