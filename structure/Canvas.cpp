@@ -1,6 +1,7 @@
 #include <grafel/structure/Canvas.h>
 
 #include <grafel/foundation/Tokens.h>
+#include <grafel/structure/SceneBase.h>
 
 #include <cmath>
 #include <initializer_list>
@@ -62,8 +63,18 @@ void Canvas::getNextAnimationTime(double time, bool backward, double& best) {
 }
 
 void Canvas::setLayout(Arbor::Token layout) {
-    if (layout == getLayout()) return;
+    const Arbor::Token old = getLayout();
+    if (layout == old) return;
     setProperty(tok_Layout, Arbor::TokenVariant(layout));
+    // Only Relative places scenes in fractions of the page; between the other layouts the
+    // millimetres stay as they are.
+    const bool relative = layout == tok_Relative;
+    if (relative == (old == tok_Relative)) return;
+    const double width = getWidth(), height = getHeight();
+    for (Arbor::Node* n = firstChild(); n; n = n->nextSibling())
+        if (n->nodeName() == tok_Scene2d || n->nodeName() == tok_Scene3d)
+            if (auto* scene = dynamic_cast<SceneBase*>(n))
+                scene->setPositionRelative(relative, width, height);
 }
 
 namespace {

@@ -53,8 +53,10 @@ class Canvas : public LibraryElement {
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
     void getNextAnimationTime(double time, bool backward, double& best) override;
 
-    /// Sets Layout; a change into or out of Relative converts the placement of every scene
-    /// between absolute and relative to the page's width and height.
+    /// Sets Layout; a change into or out of Relative converts the place and size of every
+    /// scene between millimetres and fractions of the page's width and height (see
+    /// SceneBase::setPositionRelative), and leaves them alone when the page has no positive
+    /// size. A plain setProperty of Layout converts nothing.
     void setLayout(Arbor::Token layout);
     /// Fills the page with the standard attributes and style library. Nothing that is there is
     /// checked, so a second call appends the children again (and its option children fail).

@@ -1,0 +1,8 @@
+#include <grafel/primitives/Line2d.h>
+
+namespace Grafel {
+
+GRAFEL_DEFINE_MEMBER_PROPERTIES(Line2d, GRAFEL_LINE2D_TABLE)
+GRAFEL_REGISTER_ELEMENT_CLASS(Line2d);
+
+} // namespace Grafel

@@ -1,0 +1,29 @@
+#include <grafel/primitives/Points2d.h>
+
+#include <grafel/properties/detail/ExprItems.h>
+
+namespace Grafel {
+
+bool SymbolicPoints::mayReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newFirst) {
+    return detail::allIncomingNamed(newFirst, pointTag());
+}
+
+void SymbolicPoints::putCmd(CmdOStream& out) {
+    out.beginItem();
+    out << nodeName() << '=';
+    if (!firstChild()) {
+        out << "NIL";
+    } else {
+        out << '[';
+        out.putNl();
+        for (Arbor::Node* n = firstChild(); n; n = n->nextSibling())
+            if (PlotElement* point = PlotElement::from(n)) point->putCmd(out);
+        out << ']';
+    }
+    out.endItem();
+}
+
+GRAFEL_REGISTER_ELEMENT_CLASS(Points2d);
+GRAFEL_REGISTER_ELEMENT_CLASS(Points3d);
+
+} // namespace Grafel

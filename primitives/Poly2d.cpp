@@ -1,0 +1,8 @@
+#include <grafel/primitives/Poly2d.h>
+
+namespace Grafel {
+
+GRAFEL_DEFINE_MEMBER_PROPERTIES(Poly2d, GRAFEL_POLY2D_TABLE)
+GRAFEL_REGISTER_ELEMENT_CLASS(Poly2d);
+
+} // namespace Grafel

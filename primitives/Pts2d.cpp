@@ -1,0 +1,8 @@
+#include <grafel/primitives/Pts2d.h>
+
+namespace Grafel {
+
+GRAFEL_DEFINE_MEMBER_PROPERTIES(Pts2d, GRAFEL_PTS2D_TABLE)
+GRAFEL_REGISTER_ELEMENT_CLASS(Pts2d);
+
+} // namespace Grafel

@@ -1,0 +1,8 @@
+#include <grafel/structure/Hints.h>
+
+namespace Grafel {
+
+GRAFEL_DEFINE_MEMBER_PROPERTIES(Hints, GRAFEL_HINTS_TABLE)
+GRAFEL_REGISTER_ELEMENT_CLASS(Hints);
+
+} // namespace Grafel
