@@ -4,6 +4,8 @@
 #include <grafel/properties/ElementClass.h>
 #include <grafel/properties/MemberTable.h>
 
+#include "support/Reports.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -55,12 +57,8 @@ public:
 };
 GRAFEL_DEFINE_MEMBER_PROPERTIES(Gauge, GAUGE_TABLE)
 
-std::vector<std::string> reports;
-void collect(const char* format, va_list args) {
-    char text[256];
-    vsnprintf(text, sizeof text, format, args);
-    if (std::string(text) != "Grafel error: ") reports.push_back(text);
-}
+std::vector<std::string>& reports = TestSupport::reports();
+constexpr auto collect = &TestSupport::collectReport;
 
 std::string illegal(Token name) {
     return "illegal value [attribute '" + std::string(name) + "']\n";

@@ -4,6 +4,8 @@
 #include <grafel/properties/MemberTable.h>
 #include <grafel/properties/PropertyTypes.h>
 
+#include "support/Reports.h"
+
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -65,12 +67,8 @@ GRAFEL_DEFINE_MEMBER_PROPERTIES(Shape, SHAPE_TABLE)
 
 namespace {
 
-std::vector<std::string> reports;
-void collect(const char* format, va_list args) {
-    char text[256];
-    vsnprintf(text, sizeof text, format, args);
-    if (std::string(text) != "Grafel error: ") reports.push_back(text);
-}
+std::vector<std::string>& reports = TestSupport::reports();
+constexpr auto collect = &TestSupport::collectReport;
 
 struct Events : Arbor::IDocObserver {
     std::vector<std::string> heard;

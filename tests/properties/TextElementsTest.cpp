@@ -10,6 +10,8 @@
 #include <grafel/properties/TicksAt.h>
 #include <grafel/properties/VExpr.h>
 
+#include "support/Reports.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -60,12 +62,8 @@ public:
     }
 };
 
-std::vector<std::string> reports;
-void collect(const char* format, va_list args) {
-    char text[256];
-    vsnprintf(text, sizeof text, format, args);
-    if (std::string(text) != "Grafel error: ") reports.push_back(text);
-}
+std::vector<std::string>& reports = TestSupport::reports();
+constexpr auto collect = &TestSupport::collectReport;
 
 struct Events : Arbor::IDocObserver {
     std::vector<std::pair<Arbor::Element*, Token>> heard;

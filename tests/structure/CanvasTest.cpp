@@ -3,6 +3,8 @@
 #include <grafel/structure/Canvas.h>
 #include <grafel/structure/TimeRange.h>
 
+#include "support/Reports.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -15,12 +17,8 @@ using Arbor::Ref;
 
 namespace {
 
-std::vector<std::string> reports;
-void collect(const char* format, va_list args) {
-    char text[256];
-    vsnprintf(text, sizeof text, format, args);
-    if (std::string(text) != "Grafel error: ") reports.push_back(text);
-}
+std::vector<std::string>& reports = TestSupport::reports();
+constexpr auto collect = &TestSupport::collectReport;
 
 struct Page {
     PlotDocument doc;

@@ -9,6 +9,8 @@
 #include <grafel/structure/Scene2d.h>
 #include <grafel/structure/TickPos.h>
 
+#include "support/Reports.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdarg>
@@ -24,12 +26,8 @@ using Arbor::Token;
 
 namespace {
 
-std::vector<std::string> reports;
-void collect(const char* format, va_list args) {
-    char text[256];
-    vsnprintf(text, sizeof text, format, args);
-    if (std::string(text) != "Grafel error: ") reports.push_back(text);
-}
+std::vector<std::string>& reports = TestSupport::reports();
+constexpr auto collect = &TestSupport::collectReport;
 
 struct Page {
     PlotDocument doc;

@@ -7,6 +7,8 @@
 #include <grafel/structure/ObjStyle.h>
 #include <grafel/structure/ObjType.h>
 
+#include "support/Reports.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -23,12 +25,8 @@ using Arbor::Token;
 
 namespace {
 
-std::vector<std::string> reports;
-void collect(const char* format, va_list args) {
-    char text[256];
-    vsnprintf(text, sizeof text, format, args);
-    if (std::string(text) != "Grafel error: ") reports.push_back(text);
-}
+std::vector<std::string>& reports = TestSupport::reports();
+constexpr auto collect = &TestSupport::collectReport;
 
 // A level of the tree (canvas, scene, group, transform, image...), told apart only by its tag.
 class Level : public LibraryElement {

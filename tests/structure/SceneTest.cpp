@@ -12,6 +12,8 @@
 #include <grafel/structure/Scene3d.h>
 #include <grafel/structure/SceneStyles.h>
 
+#include "support/Reports.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -28,13 +30,8 @@ using Arbor::Token;
 
 namespace {
 
-std::vector<std::string> reports;
-void collect(const char* format, va_list args) {
-    char text[512];
-    vsnprintf(text, sizeof text, format, args);
-    if (std::string(text) != "Grafel error: " && std::string(text) != "ZPX error: ")
-        reports.push_back(text);
-}
+std::vector<std::string>& reports = TestSupport::reports();
+constexpr auto collect = &TestSupport::collectReport;
 
 // Names each AfterPropertyChangeEvent "who.Property": the id, else the tag and the parent's tag.
 struct Heard : Arbor::IDocObserver {
