@@ -7,19 +7,19 @@ namespace GrafelTool {
 namespace {
 
 const OptionSpec* findLong(std::span<const OptionSpec> specs, std::string_view name) {
-    for (const OptionSpec& spec : specs)
-        if (spec.longName == name) return &spec;
+    for (const OptionSpec& option : specs)
+        if (option.longName == name) return &option;
     return nullptr;
 }
 
 const OptionSpec* findShort(std::span<const OptionSpec> specs, char name) {
-    for (const OptionSpec& spec : specs)
-        if (spec.shortName != 0 && spec.shortName == name) return &spec;
+    for (const OptionSpec& option : specs)
+        if (option.shortName != 0 && option.shortName == name) return &option;
     return nullptr;
 }
 
-void store(ParsedArguments& parsed, const OptionSpec& spec, std::string value) {
-    const std::string name(spec.longName);
+void store(ParsedArguments& parsed, const OptionSpec& option, std::string value) {
+    const std::string name(option.longName);
     if (!parsed.options.emplace(name, std::move(value)).second)
         throw UsageError("option '--" + name + "' given twice");
 }
@@ -50,7 +50,7 @@ ParsedArguments parseArguments(std::span<const std::string_view> args,
             continue;
         }
 
-        const OptionSpec* spec = nullptr;
+        const OptionSpec* option = nullptr;
         std::string_view inlineValue;
         bool hasInlineValue = false;
         std::string shown; // the option as the user wrote it, for messages
@@ -62,26 +62,26 @@ ParsedArguments parseArguments(std::span<const std::string_view> args,
                 name = name.substr(0, eq);
             }
             shown = "--" + std::string(name);
-            spec = findLong(specs, name);
+            option = findLong(specs, name);
         } else {
             shown = std::string(word.substr(0, 2));
-            spec = findShort(specs, word[1]);
+            option = findShort(specs, word[1]);
             if (word.size() > 2) {
                 inlineValue = word.substr(2);
                 hasInlineValue = true;
             }
         }
-        if (!spec) throw UsageError("unknown option '" + shown + "'");
+        if (!option) throw UsageError("unknown option '" + shown + "'");
 
-        if (!spec->takesValue) {
+        if (!option->takesValue) {
             if (hasInlineValue) throw UsageError("option '" + shown + "' takes no value");
-            store(parsed, *spec, {});
+            store(parsed, *option, {});
         } else if (hasInlineValue) {
             if (inlineValue.empty()) throw UsageError("option '" + shown + "' needs a value");
-            store(parsed, *spec, std::string(inlineValue));
+            store(parsed, *option, std::string(inlineValue));
         } else {
             if (i + 1 >= args.size()) throw UsageError("option '" + shown + "' needs a value");
-            store(parsed, *spec, std::string(args[++i]));
+            store(parsed, *option, std::string(args[++i]));
         }
     }
     return parsed;
