@@ -62,6 +62,10 @@ struct Parser::Impl {
 
     NameCache elementNames;
     NameCache attributeNames;
+    // The last name met of each kind: bulk data repeats one tag thousands of times in a row,
+    // and a plain comparison is cheaper than hashing the name again.
+    std::string lastName[2];
+    Ids lastIds[2] = {};
     std::vector<Ids> openElements;
     std::vector<Attribute> attributes; // reused from one start tag to the next
 
@@ -108,10 +112,17 @@ struct Parser::Impl {
     }
 
     bool mapName(const XML_Char* name, bool element, Ids& ids) {
-        NameCache& cache = element ? elementNames : attributeNames;
         const std::string_view key(name);
+        std::string& last = lastName[element];
+        if (!last.empty() && key == last) {
+            ids = lastIds[element];
+            return true;
+        }
+        NameCache& cache = element ? elementNames : attributeNames;
         if (auto it = cache.find(key); it != cache.end()) {
             ids = it->second;
+            last.assign(key);
+            lastIds[element] = ids;
             return true;
         }
         std::string uri;
