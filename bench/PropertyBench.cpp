@@ -86,14 +86,23 @@ void PlainStructField(benchmark::State& state) {
 }
 BENCHMARK(PlainStructField);
 
-void ListPropertyThreeLevelsUp(benchmark::State& state) {
+// Four levels: the top one holds the value, the bottom one is read.
+struct LevelChain {
     ElementDocument doc;
     Ref<PlotElement> top = BenchLevel::create(&doc);
-    top->setAttribute(tok_LineWidth, Arbor::DoubleVariant(2.0));
-    PlotElement* e = top.get();
-    for (int i = 0; i < 3; ++i)
-        e = static_cast<PlotElement*>(e->appendChild(BenchLevel::create(&doc)));
-    auto* bottom = static_cast<BenchLevel*>(e);
+    BenchLevel* bottom;
+    LevelChain() {
+        top->setAttribute(tok_LineWidth, Arbor::DoubleVariant(2.0));
+        PlotElement* e = top.get();
+        for (int i = 0; i < 3; ++i)
+            e = static_cast<PlotElement*>(e->appendChild(BenchLevel::create(&doc)));
+        bottom = static_cast<BenchLevel*>(e);
+    }
+};
+
+void ListPropertyThreeLevelsUp(benchmark::State& state) {
+    LevelChain chain;
+    BenchLevel* bottom = chain.bottom;
     for (auto _ : state) {
         benchmark::DoNotOptimize(bottom);
         double v = bottom->getLineWidth();
@@ -103,12 +112,8 @@ void ListPropertyThreeLevelsUp(benchmark::State& state) {
 BENCHMARK(ListPropertyThreeLevelsUp);
 
 void ListGetPropertyThreeLevelsUp(benchmark::State& state) {
-    ElementDocument doc;
-    Ref<PlotElement> top = BenchLevel::create(&doc);
-    top->setAttribute(tok_LineWidth, Arbor::DoubleVariant(2.0));
-    PlotElement* e = top.get();
-    for (int i = 0; i < 3; ++i)
-        e = static_cast<PlotElement*>(e->appendChild(BenchLevel::create(&doc)));
+    LevelChain chain;
+    PlotElement* e = chain.bottom;
     for (auto _ : state) {
         benchmark::DoNotOptimize(e);
         Arbor::Variant v = e->getProperty(tok_LineWidth);

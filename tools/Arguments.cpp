@@ -93,4 +93,26 @@ int usageError(std::string_view command, std::string_view message) {
     return ExitUsage;
 }
 
+std::optional<int> startCommand(std::string_view command, std::string_view help,
+                                std::span<const std::string_view> args,
+                                std::span<const OptionSpec> specs, ParsedArguments& parsed) {
+    try {
+        parsed = parseArguments(args, specs);
+    } catch (const UsageError& e) {
+        return usageError(command, e.what());
+    }
+    if (parsed.help) {
+        std::cout << help;
+        return ExitOk;
+    }
+    return std::nullopt;
+}
+
+std::optional<int> checkInputs(std::string_view command, const ParsedArguments& parsed, bool many) {
+    if (parsed.operands.empty()) return usageError(command, "missing INPUT");
+    if (!many && parsed.operands.size() > 1)
+        return usageError(command, "one INPUT only, got '" + parsed.operands[1] + "' as well");
+    return std::nullopt;
+}
+
 } // namespace GrafelTool

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -56,5 +57,16 @@ ParsedArguments parseArguments(std::span<const std::string_view> args,
 /// Prints "grafel COMMAND: MESSAGE" and the hint to ask for help on standard error, and answers
 /// ExitUsage. `command` empty speaks of the tool as a whole.
 int usageError(std::string_view command, std::string_view message);
+
+/// The start every command shares: parses `args` and answers --help with `help`. Gives the
+/// exit status to end with (help shown, or a usage error), or nothing when the command goes on
+/// with `parsed`.
+std::optional<int> startCommand(std::string_view command, std::string_view help,
+                                std::span<const std::string_view> args,
+                                std::span<const OptionSpec> specs, ParsedArguments& parsed);
+
+/// Checks that there is an INPUT, and only one unless `many`: the usage error's status, or
+/// nothing.
+std::optional<int> checkInputs(std::string_view command, const ParsedArguments& parsed, bool many);
 
 } // namespace GrafelTool

@@ -28,16 +28,8 @@ Exit status: 0 all loaded, 1 any did not load, 2 wrong command line.
 
 int runCheck(Words args) {
     ParsedArguments parsed;
-    try {
-        parsed = parseArguments(args, {});
-    } catch (const UsageError& e) {
-        return usageError(command, e.what());
-    }
-    if (parsed.help) {
-        std::cout << help;
-        return ExitOk;
-    }
-    if (parsed.operands.empty()) return usageError(command, "missing INPUT");
+    if (auto end = startCommand(command, help, args, {}, parsed)) return *end;
+    if (auto end = checkInputs(command, parsed, true)) return *end;
 
     int status = ExitOk;
     for (const std::string& input : parsed.operands) {

@@ -92,15 +92,7 @@ bool writeOutput(const std::string& text, const std::string& path) {
 
 int runConvert(Words args) {
     ParsedArguments parsed;
-    try {
-        parsed = parseArguments(args, optionSpecs);
-    } catch (const UsageError& e) {
-        return usageError(command, e.what());
-    }
-    if (parsed.help) {
-        std::cout << help;
-        return ExitOk;
-    }
+    if (auto end = startCommand(command, help, args, optionSpecs, parsed)) return *end;
 
     const std::string formatName = parsed.value("to", "zpx");
     const std::optional<Format> format = formatNamed(formatName);
@@ -109,9 +101,7 @@ int runConvert(Words args) {
             return usageError(command, "format '" + formatName + "' is not available yet");
         return usageError(command, "unknown format '" + formatName + "' (zpx, cmd, replot)");
     }
-    if (parsed.operands.empty()) return usageError(command, "missing INPUT");
-    if (parsed.operands.size() > 1)
-        return usageError(command, "one INPUT only, got '" + parsed.operands[1] + "' as well");
+    if (auto end = checkInputs(command, parsed, false)) return *end;
     const std::string& input = parsed.operands.front();
 
     ReportScope reports(displayName(input), std::cerr);

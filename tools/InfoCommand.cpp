@@ -173,18 +173,8 @@ void print(std::ostream& out, const std::string& input, Grafel::PlotDocument& do
 
 int runInfo(Words args) {
     ParsedArguments parsed;
-    try {
-        parsed = parseArguments(args, {});
-    } catch (const UsageError& e) {
-        return usageError(command, e.what());
-    }
-    if (parsed.help) {
-        std::cout << help;
-        return ExitOk;
-    }
-    if (parsed.operands.empty()) return usageError(command, "missing INPUT");
-    if (parsed.operands.size() > 1)
-        return usageError(command, "one INPUT only, got '" + parsed.operands[1] + "' as well");
+    if (auto end = startCommand(command, help, args, {}, parsed)) return *end;
+    if (auto end = checkInputs(command, parsed, false)) return *end;
     const std::string& input = parsed.operands.front();
 
     ReportScope reports(displayName(input), std::cerr);
