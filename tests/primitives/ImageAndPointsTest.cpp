@@ -1,5 +1,5 @@
 // The time of an image, and the symbolic points of an object.
-#include "PrimitiveTestSupport.h"
+#include "support/Plots.h"
 
 #include <grafel/arbor/DomException.h>
 #include <grafel/properties/PCDataElement.h>
@@ -9,7 +9,7 @@
 #include <cmath>
 #include <sstream>
 
-using namespace PrimitiveTest;
+using namespace TestSupport;
 using Arbor::DomException;
 
 namespace {
@@ -103,13 +103,13 @@ TEST(PrimitiveImage, ChangesOfTheImageStopAtItsPrimitives) {
     Plot p;
     p.heard.events.clear();
     p.image->setAttribute(tok_Param, Arbor::DoubleVariant(0.5));
-    EXPECT_EQ(p.heard.events, std::vector<std::string>{"Img2d.Param"});
+    EXPECT_EQ(p.heard.events, std::vector<std::string>{"Img2d@Obj2d.Param"});
     // A change above goes through the image, which has no such property, to the primitives.
     p.heard.events.clear();
     p.object->setAttribute(tok_AntiAliased, Arbor::BoolVariant(false));
-    EXPECT_EQ(p.heard.count("Img2d.AntiAliased"), 0);
-    EXPECT_EQ(p.heard.count("Text2d.AntiAliased"), 0);
-    EXPECT_EQ(p.heard.count("Pts2d.AntiAliased"), 1);
+    EXPECT_EQ(p.heard.count("Img2d@Obj2d.AntiAliased"), 0);
+    EXPECT_EQ(p.heard.count("Text2d@Img2d.AntiAliased"), 0);
+    EXPECT_EQ(p.heard.count("Pts2d@Img2d.AntiAliased"), 1);
     EXPECT_FALSE(p.line->getAntiAliased());
 }
 
@@ -119,13 +119,6 @@ Ref<Arbor::Node> item(PlotDocument& doc, const wchar_t* text) {
     Ref<Arbor::Node> e(doc.createElement(tok_IExpr));
     if (text) e->appendChild(doc.createTextNode(text));
     return e;
-}
-
-std::string cmd(PlotElement* e) {
-    std::ostringstream out;
-    CmdOStream stream(out, tok_MM);
-    e->putCmd(stream);
-    return out.str();
 }
 
 void write(Arbor::Node* point, std::initializer_list<const wchar_t*> texts) {

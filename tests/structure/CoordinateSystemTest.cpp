@@ -9,7 +9,7 @@
 #include <grafel/structure/Scene2d.h>
 #include <grafel/structure/TickPos.h>
 
-#include "support/Reports.h"
+#include "support/Plots.h"
 
 #include <gtest/gtest.h>
 
@@ -18,56 +18,25 @@
 #include <string>
 #include <vector>
 
-using namespace Grafel;
+using namespace TestSupport;
 using Arbor::DomException;
-using Arbor::Node;
-using Arbor::Ref;
-using Arbor::Token;
 
 namespace {
 
-std::vector<std::string>& reports = TestSupport::reports();
-constexpr auto collect = &TestSupport::collectReport;
-
-struct Page {
-    PlotDocument doc;
-    Canvas* canvas;
-    Page() {
-        reports.clear();
-        doc.domErrorHdl(collect);
-        canvas = static_cast<Canvas*>(doc.createPlotElement(tok_Canvas));
-        doc.appendChild(canvas);
-    }
-    // A new element under `parent` (which keeps it alive), with `text` as its content.
-    template <class T = PlotElement>
-    T* add(Node* parent, Token tag, const wchar_t* text = nullptr) {
-        Ref<PlotElement> e = doc.createPlotElement(tag);
-        if (text) e->appendChild(doc.createTextNode(text));
-        parent->appendChild(e.get());
-        return static_cast<T*>(e.get());
-    }
-    // A system of the tag in a new scene of its dimension.
-    template <class T> T* system(Token sceneTag, Token tag) {
-        return add<T>(add(canvas, sceneTag), tag);
-    }
-};
+// A system of the tag in a new scene of its dimension.
+template <class T> T* systemIn(Page& p, Token sceneTag, Token tag) {
+    return p.add<T>(p.add(p.canvas, sceneTag), tag);
+}
 
 void set(PlotElement* e, Token name, const char* text) {
     e->setAttributeString(name, text);
-}
-
-std::string cmd(PlotElement* e) {
-    std::ostringstream text;
-    CmdOStream out(text, tok_MM);
-    e->putCmd(out);
-    return text.str();
 }
 
 } // namespace
 
 TEST(CoordinateSystem, StyleOfTheSceneThenOfThePage) {
     Page p;
-    auto* cs = p.system<CoordinateSystem2d>(tok_Scene2d, tok_CoordinateSystem2d);
+    auto* cs = systemIn<CoordinateSystem2d>(p, tok_Scene2d, tok_CoordinateSystem2d);
     EXPECT_EQ(cs->getAxes(), tok_Boxed);
     EXPECT_EQ(cs->getAutoViewingBox(), 31);
     auto* pageStyle = p.add<CoordinateSystem2dStyle>(p.canvas, tok_CoordinateSystem2dStyle);
@@ -95,24 +64,24 @@ TEST(CoordinateSystem, StyleOfTheSceneThenOfThePage) {
 
     // The style of the other dimension is never consulted, and each class knows the values of
     // its own dimension only; a style knows no viewing box.
-    auto* cs3 = p.system<CoordinateSystem3d>(tok_Scene3d, tok_CoordinateSystem3d);
+    auto* cs3 = systemIn<CoordinateSystem3d>(p, tok_Scene3d, tok_CoordinateSystem3d);
     auto* pageStyle3 = p.add<CoordinateSystem3dStyle>(p.canvas, tok_CoordinateSystem3dStyle);
     set(pageStyle3, tok_TicksLength, "3");
     EXPECT_EQ(cs3->getTicksLength(), 3.0);
     EXPECT_EQ(cs3->getAxes(), tok_Boxed);
     EXPECT_EQ(cs->getTicksLength(), 1.5);
     EXPECT_THROW(cs->getZAxisVisible(), DomException);
-    EXPECT_EQ(reports.back(), "unknown property 'ZAxisVisible' [node 'CoordinateSystem2d']\n");
+    EXPECT_EQ(reports().back(), "unknown property 'ZAxisVisible' [node 'CoordinateSystem2d']\n");
     EXPECT_THROW(cs3->getCoordinateType(), DomException);
     EXPECT_THROW(pageStyle->getAutoViewingBox(), DomException);
     EXPECT_TRUE(cs3->getZAxisVisible());
     EXPECT_THROW(set(cs, tok_AxesLineWidth, "0"), DomException);
-    EXPECT_EQ(reports.back(), "illegal value [attribute 'AxesLineWidth']\n");
+    EXPECT_EQ(reports().back(), "illegal value [attribute 'AxesLineWidth']\n");
 }
 
 TEST(CoordinateSystem, ScalingAndHints) {
     Page p;
-    auto* cs = p.system<CoordinateSystem2d>(tok_Scene2d, tok_CoordinateSystem2d);
+    auto* cs = systemIn<CoordinateSystem2d>(p, tok_Scene2d, tok_CoordinateSystem2d);
     EXPECT_FALSE(cs->getConstrainedScaling()); // Automatic, no Hints
     auto* hints = p.add<Hints>(cs, tok_Hints);
     EXPECT_FALSE(cs->getConstrainedScaling()); // Hints never told
@@ -143,17 +112,18 @@ TEST(CoordinateSystem, ScalingAndHints) {
 
 TEST(CoordinateSystem, OptionChildrenAndCommandText) {
     Page p;
-    auto* cs = p.system<CoordinateSystem2d>(tok_Scene2d, tok_CoordinateSystem2d);
-    auto* cs3 = p.system<CoordinateSystem3d>(tok_Scene3d, tok_CoordinateSystem3d);
+    auto* cs = systemIn<CoordinateSystem2d>(p, tok_Scene2d, tok_CoordinateSystem2d);
+    auto* cs3 = systemIn<CoordinateSystem3d>(p, tok_Scene3d, tok_CoordinateSystem3d);
     const Token thirdAxis[] = {tok_ViewingBoxZMin, tok_ViewingBoxZMax, tok_AxesOriginZ,
                                tok_ZAxisTitle,     tok_ZTicksAnchor,   tok_ZTicksDistance,
                                tok_ZTicksAt};
     for (Token tag : thirdAxis) {
         EXPECT_THROW(p.add(cs, tag), DomException) << tag;
-        EXPECT_EQ(reports.back(), "illegal option child [parent 'CoordinateSystem2d']\n");
+        EXPECT_EQ(reports().back(), "illegal option child [parent 'CoordinateSystem2d']\n");
     }
     EXPECT_THROW(p.add(cs, tok_Obj3d), DomException);
-    EXPECT_EQ(reports.back(), "not a valid content child 'Obj3d' [parent 'CoordinateSystem2d']\n");
+    EXPECT_EQ(reports().back(),
+              "not a valid content child 'Obj3d' [parent 'CoordinateSystem2d']\n");
     EXPECT_THROW(p.add(cs3, tok_Obj2d), DomException);
 
     set(cs3, tok_Consistent, "1");
@@ -169,7 +139,8 @@ TEST(CoordinateSystem, OptionChildrenAndCommandText) {
     p.add(ticks, tok_TickPos)->firstChild()->appendChild(p.doc.createTextNode(L"1"));
     set(p.add(cs3, tok_Hints), tok_Scaling, "Constrained");
     EXPECT_THROW(p.add(cs3, tok_Hints), DomException);
-    EXPECT_EQ(reports.back(), "option child 'Hints' defined twice [parent 'CoordinateSystem3d']\n");
+    EXPECT_EQ(reports().back(),
+              "option child 'Hints' defined twice [parent 'CoordinateSystem3d']\n");
     EXPECT_EQ(cs3->optionChildren(), 1 | 32 | 256 | 2048 | 262144 | 1048576 | 2097152);
     // With the default mask the lower x limit was found automatically and is left out, the
     // upper z limit is written. The mask never is, nor Consistent; an empty holder is NIL.
@@ -195,7 +166,8 @@ TEST(CoordinateSystem, OptionChildrenAndCommandText) {
 
 TEST(CoordinateSystem, TickPosAlwaysHoldsItsValue) {
     Page p;
-    auto* ticks = p.add(p.system<PlotElement>(tok_Scene2d, tok_CoordinateSystem2d), tok_XTicksAt);
+    auto* ticks =
+        p.add(systemIn<PlotElement>(p, tok_Scene2d, tok_CoordinateSystem2d), tok_XTicksAt);
     auto* tick = p.add<TickPos>(ticks, tok_TickPos);
     ASSERT_EQ(tick->items(), 1u);
     EXPECT_EQ(tick->firstChild()->nodeName(), tok_VExpr);
@@ -205,16 +177,16 @@ TEST(CoordinateSystem, TickPosAlwaysHoldsItsValue) {
     value->appendChild(p.doc.createTextNode(L"PI"));
     tick->replaceChild(value.get(), tick->firstChild());
     EXPECT_THROW(tick->removeChild(value.get()), DomException);
-    EXPECT_EQ(reports.back(), "missing option child [parent 'TickPos']\n");
+    EXPECT_EQ(reports().back(), "missing option child [parent 'TickPos']\n");
     EXPECT_THROW(p.add(tick, tok_VExpr), DomException);
     EXPECT_THROW(p.add(tick, tok_IExpr), DomException);
     EXPECT_EQ(cmd(tick), "  PI");
     p.add(tick, tok_Title, L"half turn");
     EXPECT_EQ(cmd(tick), "  (PI)=\"half turn\"");
     // The holder takes ticks only, without a report.
-    reports.clear();
+    reports().clear();
     EXPECT_THROW(p.add(ticks, tok_VExpr), DomException);
-    EXPECT_TRUE(reports.empty());
+    EXPECT_TRUE(reports().empty());
     // Copies keep the value (deep) or start with an empty one; never two.
     Ref<TickPos> deep = static_cast<TickPos*>(tick->cloneNode(true));
     Ref<TickPos> shallow = static_cast<TickPos*>(tick->cloneNode(false));
@@ -277,18 +249,18 @@ const char* const system3d =
 TEST(CoordinateSystem, StandardLibraryOfThePage) {
     Page p;
     p.canvas->setDefaults();
-    EXPECT_TRUE(reports.empty()) << reports.front();
+    EXPECT_TRUE(reports().empty()) << reports().front();
     auto style = [&](Token tag) { return PlotElement::from(p.canvas->findChild(tag)); };
     EXPECT_TRUE(holdsExactly(p.doc, style(tok_Scene2dStyle), {sceneCommon}));
     EXPECT_TRUE(holdsExactly(p.doc, style(tok_Scene3dStyle), {sceneCommon, scene3d}));
     EXPECT_TRUE(holdsExactly(p.doc, style(tok_CoordinateSystem2dStyle), {systemCommon, system2d}));
     EXPECT_TRUE(holdsExactly(p.doc, style(tok_CoordinateSystem3dStyle), {systemCommon, system3d}));
     // What a fresh tree of each dimension reads from it.
-    auto* cs = p.system<CoordinateSystem2d>(tok_Scene2d, tok_CoordinateSystem2d);
-    auto* cs3 = p.system<CoordinateSystem3d>(tok_Scene3d, tok_CoordinateSystem3d);
+    auto* cs = systemIn<CoordinateSystem2d>(p, tok_Scene2d, tok_CoordinateSystem2d);
+    auto* cs3 = systemIn<CoordinateSystem3d>(p, tok_Scene3d, tok_CoordinateSystem3d);
     EXPECT_EQ(static_cast<Scene2d*>(cs->parentNode())->getYXRatio(), 1.0);
     EXPECT_EQ(cs->getXAxisTitleAlignment(), tok_End);
     EXPECT_EQ(cs3->getXAxisTitleAlignment(), tok_Center);
     EXPECT_EQ(cs3->getZTicksBetween(), 1);
-    EXPECT_TRUE(reports.empty());
+    EXPECT_TRUE(reports().empty());
 }

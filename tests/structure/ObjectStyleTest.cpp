@@ -7,7 +7,7 @@
 #include <grafel/structure/ObjStyle.h>
 #include <grafel/structure/ObjType.h>
 
-#include "support/Reports.h"
+#include "support/Plots.h"
 
 #include <gtest/gtest.h>
 
@@ -28,23 +28,7 @@ namespace {
 std::vector<std::string>& reports = TestSupport::reports();
 constexpr auto collect = &TestSupport::collectReport;
 
-// A level of the tree (canvas, scene, group, transform, image...), told apart only by its tag.
-class Level : public LibraryElement {
-public:
-    Level(Arbor::Document* d, Token tag) : LibraryElement(d), tag_(tag) {}
-    Token tagName() const override { return tag_; }
-    Node* cloneNode(bool) const override { return new Level(document_, tag_); }
-    Property* propertyInfo(Token) const override { return nullptr; }
-
-protected:
-    bool allowedContentChild(Token) const override { return true; }
-    int tagNameToOptionChildFlag(Token) const override { return 0; }
-    int allowedOptionChildren() const override { return 0; }
-    int mandatoryOptionChildren() const override { return 0; }
-
-private:
-    Token tag_;
-};
+using TestSupport::Level;
 
 // Names the targets of AfterPropertyChangeEvent: objects by id, styles by type.
 struct Heard : Arbor::IDocObserver {
@@ -239,10 +223,6 @@ TEST(ObjectStyle, GettersReadWithoutCopies) {
     style->setAttribute(tok_TextFont, FontStyleVariant(f));
     EXPECT_EQ(&obj->getTextFont(), &style->getTextFont());
     EXPECT_EQ(obj->getTextFont().size(), 14u);
-    EXPECT_EQ(obj->getTitleFont(), FontStyle::standard());
-    EXPECT_EQ(obj->getType(), tok_Function2d);
-    EXPECT_EQ(obj->getLineColor2(), RGBA(0, 0, 255, 255));
-    EXPECT_EQ(obj->thisElem(), obj.get());
 }
 
 TEST(ObjectStyle, ChangeOnStyleReachesTheObjectsThatFollowIt) {
@@ -464,30 +444,4 @@ TEST(ObjectElements, Copies) {
     EXPECT_TRUE(typeCopy->getType().isNull());
     EXPECT_TRUE(typeCopy->hasAttribute(tok_Type));
     EXPECT_NE(typeCopy->firstChild(), nullptr);
-}
-
-TEST(ObjectElements, Tables) {
-    EXPECT_EQ(objectStylePropertyList().entries().size(), 44u);
-    EXPECT_EQ(object2dStylePropertyList().entries().size(), 8u);
-    EXPECT_EQ(object3dStylePropertyList().entries().size(), 20u);
-    EXPECT_EQ(objectPropertyList().entries().size(), 4u);
-    for (auto [name, p] : objectStylePropertyList().entries())
-        EXPECT_EQ(p->isInherited(), name != tok_Type) << name;
-    for (auto* list : {&object2dStylePropertyList(), &object3dStylePropertyList()})
-        for (auto [name, p] : list->entries()) EXPECT_TRUE(p->isInherited()) << name;
-    for (auto [name, p] : objectPropertyList().entries())
-        EXPECT_FALSE(p->isInherited() || p->isMandatory()) << name;
-
-    Doc d;
-    auto obj = d.object<Obj3d>(nullptr, tok_Function3d, "f", tok_Obj3d);
-    EXPECT_DOUBLE_EQ(obj->getTipAngle(), M_PI / 18);
-    EXPECT_EQ(obj->getFillColor2(), RGBA(0, 0, 255, 255));
-    EXPECT_EQ(obj->getLightColor(), RGBA::White);
-    EXPECT_EQ(obj->getVerticalAlignment(), tok_BaseLine);
-    EXPECT_EQ(obj->getTitleAlignment(), tok_Center);
-    EXPECT_TRUE(obj->getLegendColor().isNull());
-    EXPECT_FALSE(obj->getConsistent());
-    EXPECT_TRUE(obj->getVisible());
-    EXPECT_EQ(obj->getXMesh(), 20);
-    obj->setAttribute(tok_XMesh, Arbor::LongVariant(1));
 }

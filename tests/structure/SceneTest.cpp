@@ -12,7 +12,7 @@
 #include <grafel/structure/Scene3d.h>
 #include <grafel/structure/SceneStyles.h>
 
-#include "support/Reports.h"
+#include "support/Plots.h"
 
 #include <gtest/gtest.h>
 
@@ -22,61 +22,13 @@
 #include <string>
 #include <vector>
 
-using namespace Grafel;
+using namespace TestSupport;
 using Arbor::DomException;
-using Arbor::Node;
-using Arbor::Ref;
-using Arbor::Token;
 
 namespace {
 
-std::vector<std::string>& reports = TestSupport::reports();
-constexpr auto collect = &TestSupport::collectReport;
-
-// Names each AfterPropertyChangeEvent "who.Property": the id, else the tag and the parent's tag.
-struct Heard : Arbor::IDocObserver {
-    std::vector<std::string> events;
-    void handleEvent(Arbor::DomEvent& e) override {
-        auto* element = PlotElement::from(e.target());
-        const AttributeListElement* list = element->asAttributeList();
-        const Arbor::Variant* id = list ? list->findAttribute(tok_id) : nullptr;
-        const Node* parent = element->parentNode();
-        const std::string who = id ? id->as<Arbor::FixedStringVariant>()->val().c_str()
-                                   : std::string(element->tagName().c_str()) + "@" +
-                                         (parent ? parent->nodeName().c_str() : "");
-        events.push_back(who + "." + static_cast<Arbor::DomAttributeEvent&>(e).attribute().c_str());
-    }
-};
-
-struct Page {
-    Heard heard; // outlives the document it observes
-    PlotDocument doc;
-    Canvas* canvas;
-    Page() {
-        reports.clear();
-        doc.domErrorHdl(collect);
-        canvas = static_cast<Canvas*>(doc.createPlotElement(tok_Canvas));
-        doc.appendChild(canvas);
-        doc.addObserver(&heard, tok_AfterPropertyChange);
-    }
-    // A new element under `parent`, which keeps it alive.
-    template <class T = PlotElement> T* add(Node* parent, Token tag, const char* id = nullptr) {
-        Ref<PlotElement> e = doc.createPlotElement(tag);
-        if (id) e->setAttributeString(tok_id, id);
-        parent->appendChild(e.get());
-        return static_cast<T*>(e.get());
-    }
-};
-
 void set(PlotElement* e, Token name, const char* text) {
     e->setAttributeString(name, text);
-}
-
-std::string cmd(PlotElement* e, Token units) {
-    std::ostringstream text;
-    CmdOStream out(text, units);
-    e->putCmd(out);
-    return text.str();
 }
 
 template <class Base> struct Probe : Base {
@@ -106,7 +58,7 @@ TEST(Scene, OneStepFromThePageStyleOfItsOwnKind) {
     EXPECT_EQ(c->getLighting(), tok_None);
     EXPECT_EQ(c->getBackgroundStyle(), tok_Flat);
     EXPECT_THROW(a->getLighting(), DomException);
-    EXPECT_EQ(reports.back(), "unknown property 'Lighting' [node 'Scene2d']\n");
+    EXPECT_EQ(reports().back(), "unknown property 'Lighting' [node 'Scene2d']\n");
     EXPECT_THROW(style2->getZXRatio(), DomException);
     // Styles inherit from nothing; the scene's own value goes first, and becomes redundant
     // when the style is given the same.
@@ -117,7 +69,7 @@ TEST(Scene, OneStepFromThePageStyleOfItsOwnKind) {
     EXPECT_FALSE(a->hasAttribute(tok_Width));
     // Unlike the page's sizes, a scene's refuse zero and negative values.
     EXPECT_THROW(set(a, tok_Width, "0"), DomException);
-    EXPECT_EQ(reports.back(), "illegal value [attribute 'Width']\n");
+    EXPECT_EQ(reports().back(), "illegal value [attribute 'Width']\n");
     EXPECT_THROW(set(a, tok_TopMargin, "-1"), DomException);
     set(a, tok_LegendPlacement, "Sideways"); // vocabularies are not enforced
     EXPECT_STREQ(a->getLegendPlacement().c_str(), "Sideways");
@@ -129,12 +81,12 @@ TEST(Scene, ChildrenAndCameraFlags) {
     auto* c = p.add<Scene3d>(p.canvas, tok_Scene3d);
     for (Token tag : {tok_CoordinateSystem2d, tok_Header, tok_CoordinateSystem2dStyle})
         p.add(a, tag);
-    EXPECT_TRUE(reports.empty());
+    EXPECT_TRUE(reports().empty());
     EXPECT_THROW(p.add(a, tok_CoordinateSystem3d), DomException);
-    EXPECT_EQ(reports.back(),
+    EXPECT_EQ(reports().back(),
               "not a valid content child 'CoordinateSystem3d' [parent 'Scene2d']\n");
     EXPECT_THROW(p.add(a, tok_CoordinateSystem3dStyle), DomException);
-    EXPECT_EQ(reports.back(), "illegal option child [parent 'Scene2d']\n");
+    EXPECT_EQ(reports().back(), "illegal option child [parent 'Scene2d']\n");
     EXPECT_THROW(p.add(p.add(p.canvas, tok_Scene2dStyle), tok_Header), DomException);
     EXPECT_EQ((Ref<Probe<Scene2d>>(new Probe<Scene2d>(&p.doc))->allowedOptionChildren()), 23);
     EXPECT_EQ((Ref<Probe<Scene3d>>(new Probe<Scene3d>(&p.doc))->allowedOptionChildren()), 43);
@@ -270,9 +222,9 @@ struct ScenePlot : ::testing::Test {
     Obj2d* sine = nullptr;
 
     void SetUp() override {
-        reports.clear();
-        doc.domErrorHdl(collect);
-        ASSERT_TRUE(load(doc, plotText)) << ::testing::PrintToString(reports);
+        reports().clear();
+        doc.domErrorHdl(collectReport);
+        ASSERT_TRUE(load(doc, plotText)) << ::testing::PrintToString(reports());
         canvas = dynamic_cast<Canvas*>(doc.documentElement());
         scene = dynamic_cast<Scene2d*>(canvas->findChild(tok_Scene2d));
         cs = dynamic_cast<CoordinateSystem2d*>(scene->findChild(tok_CoordinateSystem2d));
@@ -281,7 +233,7 @@ struct ScenePlot : ::testing::Test {
         doc.addObserver(&heard, tok_AfterPropertyChange);
     }
     static bool load(PlotDocument& into, const std::string& text) {
-        ZpxParserHandler handler(&into, false, collect);
+        ZpxParserHandler handler(&into, false, collectReport);
         ZpxParser parser(&handler, true, nullptr);
         return parser.parseSave(text.data(), static_cast<int>(text.size()), true);
     }
@@ -289,11 +241,6 @@ struct ScenePlot : ::testing::Test {
         return PlotElement::from(parent->findChild(tag));
     }
     PlotElement* poly() { return child(child(sine, tok_Img2d), tok_Poly2d); }
-    std::string xml() {
-        std::ostringstream out;
-        doc.putXml(out);
-        return out.str();
-    }
     // The events that setting `name` of `e` from `text` fires.
     std::vector<std::string> changes(PlotElement* e, Token name, const char* text) {
         heard.events.clear();
@@ -305,7 +252,7 @@ struct ScenePlot : ::testing::Test {
 } // namespace
 
 TEST_F(ScenePlot, EveryValueFromItsOwnLevelAndNothingWrittenBack) {
-    const std::string written = xml();
+    const std::string written = xml(&doc);
     // The scene: its own place and height, the page style's width, the default margin.
     EXPECT_EQ(scene->getBottom(), 10.0);
     EXPECT_EQ(scene->getHeight(), 60.0);
@@ -326,7 +273,7 @@ TEST_F(ScenePlot, EveryValueFromItsOwnLevelAndNothingWrittenBack) {
     EXPECT_EQ(poly()->getProperty(tok_LineWidth), Arbor::DoubleVariant(0.35));
 
     // Only what was stated is written, and it reads back to the same text.
-    EXPECT_EQ(xml(), written);
+    EXPECT_EQ(xml(&doc), written);
     for (const char* stated : {"<Scene2d Name=\"left\" Left=\"5\" Height=\"60\" Bottom=\"10\">",
                                "<CoordinateSystem2d YGridVisible=\"1\" AutoViewingBox=\"12\">",
                                "<CoordinateSystem2dStyle AxesTips=\"0\" Axes=\"Origin\">",
@@ -334,9 +281,7 @@ TEST_F(ScenePlot, EveryValueFromItsOwnLevelAndNothingWrittenBack) {
         EXPECT_NE(written.find(stated), std::string::npos) << stated;
     PlotDocument again;
     ASSERT_TRUE(load(again, written));
-    std::ostringstream rewritten;
-    again.putXml(rewritten);
-    EXPECT_EQ(rewritten.str(), written);
+    EXPECT_EQ(xml(&again), written);
 
     // In command text the y limits (found automatically, by the mask 12), the mask itself and
     // the hints are left out.
@@ -381,7 +326,7 @@ TEST_F(ScenePlot, EveryValueFromItsOwnLevelAndNothingWrittenBack) {
               "          id=\"sine\",\r\n"
               "          Name=\"sine\",\r\n"
               "          Function=(sin(x))))))):");
-    EXPECT_TRUE(reports.empty());
+    EXPECT_TRUE(reports().empty());
 }
 
 TEST_F(ScenePlot, ChangesReachExactlyTheValuesThatFollowThem) {
@@ -416,5 +361,5 @@ TEST_F(ScenePlot, ChangesReachExactlyTheValuesThatFollowThem) {
     EXPECT_EQ(changes(child(cs, tok_Hints), tok_Scaling, "Unconstrained"),
               Events{"Hints@CoordinateSystem2d.Scaling"});
     EXPECT_FALSE(cs->getConstrainedScaling());
-    EXPECT_TRUE(reports.empty());
+    EXPECT_TRUE(reports().empty());
 }
