@@ -5,6 +5,8 @@
 #include <grafel/structure/Obj2d.h>
 #include <grafel/structure/ObjStyle.h>
 
+#include "support/Plots.h"
+
 #include <benchmark/benchmark.h>
 
 using namespace Grafel;
@@ -13,27 +15,14 @@ using Arbor::Token;
 
 namespace {
 
-// A level of the tree that admits anything and holds no properties (a scene or group).
-class Level : public LibraryElement {
-public:
-    explicit Level(Arbor::Document* d) : LibraryElement(d) {}
-    Token tagName() const override { return tok_Group2d; }
-    Arbor::Node* cloneNode(bool) const override { return new Level(document_); }
-    Property* propertyInfo(Token) const override { return nullptr; }
-
-protected:
-    bool allowedContentChild(Token) const override { return true; }
-    int tagNameToOptionChildFlag(Token) const override { return 0; }
-    int allowedOptionChildren() const override { return 0; }
-    int mandatoryOptionChildren() const override { return 0; }
-};
+using TestSupport::Level;
 
 // top > [style, level > [level > [sibling, object, stored]]]: the object is three levels
 // below the style, and `stored` holds the value itself. Every element carries a few other
 // values, so that the lookups are not in one-record lists.
 struct Tree {
     ElementDocument doc;
-    Ref<Level> top = new Level(&doc);
+    Ref<Level> top = new Level(&doc, tok_Group2d);
     Ref<ObjStyle> style = static_cast<ObjStyle*>(doc.createPlotElement(tok_ObjStyle));
     Ref<Obj2d> object = makeObject();
     Ref<Obj2d> stored = makeObject();
@@ -42,8 +31,8 @@ struct Tree {
         style->setAttribute(tok_Type, Arbor::TokenVariant(styleType));
         style->setAttribute(tok_PointSize, Arbor::DoubleVariant(3.0));
         top->appendChild(style.get());
-        Arbor::Node* level = top->appendChild(new Level(&doc));
-        level = level->appendChild(new Level(&doc));
+        Arbor::Node* level = top->appendChild(new Level(&doc, tok_Group2d));
+        level = level->appendChild(new Level(&doc, tok_Group2d));
         level->appendChild(makeObject().get());
         level->appendChild(object.get());
         level->appendChild(stored.get());

@@ -7,6 +7,8 @@
 #include <grafel/structure/Obj2d.h>
 #include <grafel/structure/ObjStyle.h>
 
+#include "support/Plots.h"
+
 #include <benchmark/benchmark.h>
 
 #include <memory>
@@ -20,23 +22,7 @@ namespace {
 
 constexpr long arcs = 100000;
 
-// A level of the tree that admits anything and holds no properties (a canvas, scene, group).
-class Level : public LibraryElement {
-public:
-    Level(Arbor::Document* d, Token tag) : LibraryElement(d), tag_(tag) {}
-    Token tagName() const override { return tag_; }
-    Arbor::Node* cloneNode(bool) const override { return new Level(document_, tag_); }
-    Property* propertyInfo(Token) const override { return nullptr; }
-
-protected:
-    bool allowedContentChild(Token) const override { return true; }
-    int tagNameToOptionChildFlag(Token) const override { return 0; }
-    int allowedOptionChildren() const override { return 0; }
-    int mandatoryOptionChildren() const override { return 0; }
-
-private:
-    Token tag_;
-};
+using TestSupport::Level;
 
 // canvas > [Default style, scene > [Function2d style, group > [object > image]]]. Each
 // source answers some of an arc's inherited values: the object LineWidth, the typed style

@@ -6,6 +6,8 @@
 #include <grafel/properties/ListTable.h>
 #include <grafel/properties/PropertyTypes.h>
 
+#include "support/Reports.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdarg>
@@ -93,12 +95,8 @@ protected:
     Token getCmdType() override { return tok_ObjStyle; }
 };
 
-std::vector<std::string> reports;
-void collect(const char* format, va_list args) {
-    char text[256];
-    vsnprintf(text, sizeof text, format, args);
-    reports.push_back(text);
-}
+std::vector<std::string>& reports = TestSupport::reports();
+constexpr auto collect = &TestSupport::collectReport;
 
 struct Heard : Arbor::IDocObserver {
     std::vector<std::string> events;

@@ -1,7 +1,8 @@
 // The trees that tests and benchmarks build on: a level element that takes anything, a page
-// with its Canvas, a plot with one primitive of every 2D kind, and the text forms of elements.
+// with its Canvas, and a plot with one primitive of every 2D kind.
 #pragma once
 
+#include "support/Forms.h"
 #include "support/Reports.h"
 
 #include <grafel/arbor/DomEvent.h>
@@ -58,21 +59,6 @@ private:
 /// A new element of the class registered for `tag`.
 template <class T = PlotElement> Ref<T> make(ElementDocument& doc, Token tag) {
     return Ref<T>(static_cast<T*>(doc.createPlotElement(tag)));
-}
-
-/// The XML form of a node, at the stream's default precision.
-inline std::string xml(Node* node) {
-    std::ostringstream out;
-    node->putXml(out);
-    return out.str();
-}
-
-/// The command text of an element, sizes in `units`.
-inline std::string cmd(PlotElement* element, Token units = tok_MM) {
-    std::ostringstream text;
-    CmdOStream out(text, units);
-    element->putCmd(out);
-    return text.str();
 }
 
 /// Names each AfterPropertyChangeEvent "who.Property": the element's id, else its tag and its
