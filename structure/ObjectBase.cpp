@@ -4,6 +4,7 @@
 #include <grafel/properties/Property.h>
 #include <grafel/properties/VExpr.h>
 #include <grafel/structure/ObjStyle.h>
+#include <grafel/structure/detail/AnimationStep.h>
 
 #include <cmath>
 
@@ -82,6 +83,24 @@ bool ObjectBase::getParameterRange(double& begin, double& end) const {
         if (haveBegin && haveEnd) return true;
     }
     return false;
+}
+
+void ObjectBase::getNextAnimationTime(double time, bool backward, double& best) {
+    const double timeBegin = getTimeBegin();
+    if (std::isnan(timeBegin)) return;
+    const double timeEnd = getTimeEnd();
+    if (std::isnan(timeEnd) || detail::spanIsBehind(time, backward, timeBegin, timeEnd)) return;
+    double paramBegin, paramEnd;
+    if (!getParameterRange(paramBegin, paramEnd)) return;
+    for (Node* n = firstChild(); n; n = n->nextSibling()) {
+        const Token tag = n->nodeName();
+        if (tag != tok_Img2d && tag != tok_Img3d) continue;
+        PlotElement* image = PlotElement::from(n);
+        if (!image) continue;
+        const double frame = image->getFrameTime(timeBegin, timeEnd, paramBegin, paramEnd);
+        if (std::isnan(frame)) continue;
+        if (detail::offerFrame(frame, time, backward, best)) return;
+    }
 }
 
 int ObjectBase::tagNameToOptionChildFlag(Token tag) const {
