@@ -2,9 +2,9 @@
 
 #include <grafel/foundation/ValueVariants.h>
 #include <grafel/properties/Property.h>
-#include <grafel/properties/VExpr.h>
 #include <grafel/structure/ObjStyle.h>
 #include <grafel/structure/detail/AnimationStep.h>
+#include <grafel/structure/detail/ParameterRange.h>
 
 #include <cmath>
 
@@ -69,20 +69,7 @@ bool ObjectBase::getLegendColor(RGBA& out) const {
 }
 
 bool ObjectBase::getParameterRange(double& begin, double& end) const {
-    bool haveBegin = false, haveEnd = false;
-    for (Node* n = firstChild(); n; n = n->nextSibling()) {
-        const Token tag = n->nodeName();
-        const bool isBegin = tag == tok_ParameterBegin;
-        if (!isBegin && tag != tok_ParameterEnd) continue;
-        const auto* bound = dynamic_cast<const VExpr*>(n);
-        if (!bound) continue;
-        double& value = isBegin ? begin : end;
-        value = bound->getVal();
-        if (std::isnan(value)) return false;
-        (isBegin ? haveBegin : haveEnd) = true;
-        if (haveBegin && haveEnd) return true;
-    }
-    return false;
+    return detail::parameterRange(this, begin, end);
 }
 
 void ObjectBase::getNextAnimationTime(double time, bool backward, double& best) {
