@@ -2,8 +2,6 @@
 
 #include <grafel/foundation/ValueVariants.h>
 #include <grafel/properties/Property.h>
-#include <grafel/structure/GroupBase.h>
-#include <grafel/structure/TransformBase.h>
 #include <grafel/structure/detail/NestingWalk.h>
 
 namespace Grafel {
@@ -12,11 +10,11 @@ using Arbor::Node;
 using Arbor::Token;
 
 NestingLevel* NestingLevel::from(Node* node) {
-    // The tags belong to these classes (a document makes elements by tag from the class
-    // registry), so the tag test stands in for a dynamic_cast.
+    // The tag turns nearly every node away at once; the cast confirms the few that remain.
     const Token tag = node->nodeName();
-    if (tag == tok_Group2d || tag == tok_Group3d) return static_cast<GroupBase*>(node);
-    if (tag == tok_Transform2d || tag == tok_Transform3d) return static_cast<TransformBase*>(node);
+    if (tag == tok_Group2d || tag == tok_Group3d || tag == tok_Transform2d ||
+        tag == tok_Transform3d)
+        return dynamic_cast<NestingLevel*>(node);
     return nullptr;
 }
 

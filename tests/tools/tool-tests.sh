@@ -407,6 +407,7 @@ group_examples() {
         animation.zpx)
             expect_out_has "info $name" "  Curve2d:           1"
             expect_out_has "info $name" "animation:           0 to 10"
+            expect_out_has "info $name" "transforms:          1 (Rotate2d 1)"
             ;;
         polygons.zpx)
             expect_out_has "info $name" "  Polygon2d:         2"
