@@ -36,6 +36,11 @@ public:
     /// The time of Param mapped from [paramBegin, paramEnd] onto [timeBegin, timeEnd], or NaN
     /// without a Param. An empty parameter range gives timeBegin, which is not kept.
     double getTime(double timeBegin, double timeEnd, double paramBegin, double paramEnd);
+    /// An image is one frame of its object: its getTime() with these arguments.
+    double getFrameTime(double timeBegin, double timeEnd, double paramBegin,
+                        double paramEnd) override {
+        return getTime(timeBegin, timeEnd, paramBegin, paramEnd);
+    }
 
     /// Forgets the time, then lets the change go on to the primitives whenever it came from
     /// elsewhere: a change above concerns them even though the image has no such property.

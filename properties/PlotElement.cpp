@@ -1,6 +1,7 @@
 #include <grafel/properties/PlotElement.h>
 
 #include <grafel/arbor/DomException.h>
+#include <grafel/foundation/NaN.h>
 #include <grafel/properties/AfterPropertyChangeEvent.h>
 #include <grafel/properties/Property.h>
 
@@ -118,6 +119,10 @@ void PlotElement::fixupTree() {
 void PlotElement::putCmd(CmdOStream&) {}
 
 void PlotElement::getNextAnimationTime(double, bool, double&) {}
+
+double PlotElement::getFrameTime(double, double, double, double) {
+    return NaN();
+}
 
 bool PlotElement::inheritingElement(Arbor::Element* element, Token name) const {
     for (PlotElement* p = inheritingFrom(name); p; p = p->inheritingFrom(name))

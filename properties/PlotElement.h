@@ -63,6 +63,12 @@ public:
     virtual void putCmd(CmdOStream& out);
     /// Narrows `next` to the next time at which something changes; the base leaves it.
     virtual void getNextAnimationTime(double time, bool backward, double& next);
+    /// The time at which this element is shown as one frame of an animation whose parameter
+    /// runs from `paramBegin` to `paramEnd` while the time runs from `timeBegin` to `timeEnd`.
+    /// NaN for an element that is no frame, which is what the base answers. The frames (images
+    /// and the frames of a transform) live in layers above the elements that step through them.
+    virtual double getFrameTime(double timeBegin, double timeEnd, double paramBegin,
+                                double paramEnd);
 
     /// `node` as a plot element, or null: the cheap form of a dynamic_cast.
     static PlotElement* from(Arbor::Node* node) {

@@ -2,6 +2,7 @@
 
 #include <grafel/foundation/Tokens.h>
 #include <grafel/structure/SceneBase.h>
+#include <grafel/structure/detail/AnimationStep.h>
 
 #include <cmath>
 #include <initializer_list>
@@ -55,9 +56,8 @@ void Canvas::getNextAnimationTime(double time, bool backward, double& best) {
         return d ? d->val() : NaN();
     };
     const double begin = value(tok_TimeBegin), end = value(tok_TimeEnd);
-    // Written so that a NaN time passes and the walk goes on.
-    if (!backward && time >= end) return;
-    if (backward && begin >= time) return;
+    if (detail::spanIsBehind(time, backward, begin, end)) return;
+    // The end of the range answers unless a frame nearer to `time` is found.
     best = backward ? begin : end;
     LibraryElement::getNextAnimationTime(time, backward, best);
 }

@@ -2,8 +2,9 @@
 
 #include <grafel/foundation/ValueVariants.h>
 #include <grafel/properties/Property.h>
-#include <grafel/properties/VExpr.h>
 #include <grafel/structure/ObjStyle.h>
+#include <grafel/structure/detail/AnimationStep.h>
+#include <grafel/structure/detail/ParameterRange.h>
 
 #include <cmath>
 
@@ -68,20 +69,25 @@ bool ObjectBase::getLegendColor(RGBA& out) const {
 }
 
 bool ObjectBase::getParameterRange(double& begin, double& end) const {
-    bool haveBegin = false, haveEnd = false;
+    return detail::parameterRange(this, begin, end);
+}
+
+void ObjectBase::getNextAnimationTime(double time, bool backward, double& best) {
+    const double timeBegin = getTimeBegin();
+    if (std::isnan(timeBegin)) return;
+    const double timeEnd = getTimeEnd();
+    if (std::isnan(timeEnd) || detail::spanIsBehind(time, backward, timeBegin, timeEnd)) return;
+    double paramBegin, paramEnd;
+    if (!getParameterRange(paramBegin, paramEnd)) return;
     for (Node* n = firstChild(); n; n = n->nextSibling()) {
         const Token tag = n->nodeName();
-        const bool isBegin = tag == tok_ParameterBegin;
-        if (!isBegin && tag != tok_ParameterEnd) continue;
-        const auto* bound = dynamic_cast<const VExpr*>(n);
-        if (!bound) continue;
-        double& value = isBegin ? begin : end;
-        value = bound->getVal();
-        if (std::isnan(value)) return false;
-        (isBegin ? haveBegin : haveEnd) = true;
-        if (haveBegin && haveEnd) return true;
+        if (tag != tok_Img2d && tag != tok_Img3d) continue;
+        PlotElement* image = PlotElement::from(n);
+        if (!image) continue;
+        const double frame = image->getFrameTime(timeBegin, timeEnd, paramBegin, paramEnd);
+        if (std::isnan(frame)) continue;
+        if (detail::offerFrame(frame, time, backward, best)) return;
     }
-    return false;
 }
 
 int ObjectBase::tagNameToOptionChildFlag(Token tag) const {

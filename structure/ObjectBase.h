@@ -16,9 +16,6 @@ namespace Grafel {
 /// root, then among those of type Default, and is otherwise the default of the object's own
 /// descriptor. Reading an inherited value, or writing the command form, needs Type: without
 /// it the read reports "mandatory property 'Type' missing" and throws DomException 15.
-///
-/// getNextAnimationTime is still LibraryElement's, which only asks the children; the object's
-/// own frames and time range do not take part in the animation clock yet.
 class ObjectBase : public LibraryElement, public ObjectStyleGetter {
 public:
     ObjectBase(const ObjectBase& other);
@@ -40,6 +37,12 @@ public:
     /// The values of the ParameterBegin and ParameterEnd children, in child order. False when
     /// either is missing, or as soon as one of them is NaN (which is then left in its argument).
     bool getParameterRange(double& begin, double& end) const;
+    /// Narrows `best` to the time of the first image after `time` (backward: the last before
+    /// it), the images being placed on the resolved TimeBegin to TimeEnd by their Param within
+    /// the parameter range. The images are taken to stand in rising time order: the first one
+    /// beyond `time` ends the walk. An image without a time is passed over; an object without
+    /// a complete time or parameter range, or whose span lies behind `time`, adds nothing.
+    void getNextAnimationTime(double time, bool backward, double& best) override;
 
     // LibraryElement and the table getters both read id, Name and Consistent, to the same
     // effect. LibraryElement's are taken: they are the interface of every library element, and

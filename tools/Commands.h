@@ -15,5 +15,7 @@ int runConvert(Words args);
 int runCheck(Words args);
 /// grafel info INPUT
 int runInfo(Words args);
+/// grafel times [--from T] [--backward] INPUT
+int runTimes(Words args);
 
 } // namespace GrafelTool

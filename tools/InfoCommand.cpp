@@ -29,8 +29,8 @@ constexpr std::string_view command = "info";
 constexpr std::string_view help = R"(Usage: grafel info INPUT
 
 Loads the plot document INPUT ("-" for standard input) and prints a summary: the page, the
-scenes, coordinate systems and styles, the objects by type, the points of all point lists and
-the animation time range.
+scenes, coordinate systems and styles, the groups, the transforms and the objects by type,
+the points of all point lists and the animation time range.
 
 Options:
   -h, --help   show this help
@@ -46,6 +46,8 @@ struct Summary {
     Counts coordinateSystems;
     Counts styles;
     Counts objects;
+    Counts groups;
+    Counts transforms;
     long planeLists = 0;
     unsigned long long planePoints = 0;
     long spaceLists = 0;
@@ -82,6 +84,10 @@ void walk(const Arbor::Node& parent, Summary& summary) {
             ++summary.scenes[tag.text()];
         else if (tag == tok_CoordinateSystem2d || tag == tok_CoordinateSystem3d)
             ++summary.coordinateSystems[tag.text()];
+        else if (tag == tok_Group2d || tag == tok_Group3d)
+            ++summary.groups[tag.text()];
+        else if ((tag == tok_Transform2d || tag == tok_Transform3d) && plot)
+            ++summary.transforms[objectType(*plot)];
         else if ((tag == tok_Obj2d || tag == tok_Obj3d) && plot)
             ++summary.objects[objectType(*plot)];
         else if (plot && plot->isStyle())
@@ -146,6 +152,8 @@ void print(std::ostream& out, const std::string& input, Grafel::PlotDocument& do
     line(out, "scenes", countsText(summary.scenes));
     line(out, "coordinate systems", countsText(summary.coordinateSystems));
     line(out, "styles", countsText(summary.styles));
+    line(out, "groups", countsText(summary.groups));
+    line(out, "transforms", countsText(summary.transforms));
     line(out, "objects", std::to_string(total(summary.objects)));
     for (const auto& [type, count] : summary.objects) line(out, "  " + type, std::to_string(count));
     line(out, "plane points", pointsText(summary.planeLists, summary.planePoints));

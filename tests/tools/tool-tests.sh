@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Tests of the grafel command-line tool, one group of cases per ctest entry:
 #   tool-tests.sh GROUP TOOL SOURCE_DIR WORK_DIR
-# GROUP is usage, convert, check, info, reports or examples. Exits 0 when every case passed,
+# GROUP is usage, convert, check, info, times, reports or examples. Exits 0 when every case passed,
 # 1 when any failed, 77 (skipped) when an example needs element classes this build lacks.
 #
 # The groups are called by name ("group_$group"), which shellcheck cannot follow.
@@ -256,6 +256,67 @@ group_info() {
     expect_out_empty "info on a bad file"
 }
 
+group_times() {
+    local example=animation.zpx
+
+    # expect_times CASE LINES...: status 0, nothing on stderr, stdout exactly the times given.
+    expect_times() {
+        local case=$1
+        shift
+        expect_rc "$case" 0
+        expect_err_empty "$case"
+        [ "$(cat "$work/out")" = "$(printf '%s\n' "$@")" ] ||
+            fail "$case: times are '$(tr '\n' ' ' <"$work/out")', expected '$*'"
+    }
+
+    run "$examples" times "$example"
+    expect_times "forward from the begin" 0 2.5 5 7.5 10
+    run "$examples" times --backward "$example"
+    expect_times "backward from the end" 10 7.5 5 2.5 0
+    run "$examples" times --from 3 "$example"
+    expect_times "--from between frames" 3 5 7.5 10
+    run "$examples" times "$example" --from=5 --backward
+    expect_times "--from a frame, backward" 5 2.5 0
+    run "$examples" times --from 10 "$example"
+    expect_times "--from the end" 10
+    run "$examples" times --from -1e300 "$example"
+    expect_times "--from far before" -1e+300 0 2.5 5 7.5 10
+    input=$examples/$example run "$work" times -
+    expect_times "from stdin" 0 2.5 5 7.5 10
+
+    # The document's current time, else its initial time, is where the steps start.
+    sed 's/<Canvas version="1"/& InitialTime="4"/' "$examples/$example" >"$work/initial.zpx"
+    run "$work" times initial.zpx
+    expect_times "initial time" 4 5 7.5 10
+    sed 's/<Canvas version="1"/& InitialTime="4" CurrentTime="6"/' "$examples/$example" \
+        >"$work/current.zpx"
+    run "$work" times --backward current.zpx
+    expect_times "current time" 6 5 2.5 0
+
+    # Without a TimeRange there is no animation: nothing at all, whatever the start.
+    run "$examples" times --from 1 function-graph.zpx
+    expect_times "no animation"
+
+    run "$examples" times --from soon "$example"
+    expect_usage_error "--from not a number" "grafel times" "invalid time 'soon'"
+    run "$examples" times --from 1x "$example"
+    expect_usage_error "--from with junk" "grafel times" "invalid time '1x'"
+    run "$examples" times --from "$example"
+    expect_usage_error "--from eats the input" "grafel times" "missing INPUT"
+    run "$examples" times --backward=1 "$example"
+    expect_usage_error "value for --backward" "grafel times" "option '--backward' takes no value"
+    run "$examples" times "$example" "$example"
+    expect_usage_error "times two inputs" "grafel times" "one INPUT only"
+    run "$examples" times --help
+    expect_rc "times --help" 0
+    grep -q "^Usage: grafel times" "$work/out" || fail "times --help: no usage line"
+
+    run "$data" times unknown-element.zpx
+    expect_rc "times on a bad file" 1
+    expect_out_empty "times on a bad file"
+    expect_err "times on a bad file" "unknown-element.zpx:4: ZPX error: unknown element 'Bogus'"
+}
+
 group_reports() {
     # One line per report, the prefix joined to its message, the line being read at the time.
     run "$data" check unknown-element.zpx
@@ -342,6 +403,11 @@ group_examples() {
         point-cloud.zpx)
             expect_out_has "info $name" "  PointList2d:       1"
             expect_out_has "info $name" "plane points:        89 in 1 list"
+            ;;
+        animation.zpx)
+            expect_out_has "info $name" "  Curve2d:           1"
+            expect_out_has "info $name" "animation:           0 to 10"
+            expect_out_has "info $name" "transforms:          1 (Rotate2d 1)"
             ;;
         polygons.zpx)
             expect_out_has "info $name" "  Polygon2d:         2"
