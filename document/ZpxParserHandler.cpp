@@ -107,12 +107,6 @@ bool holdsString(PlotElement* element, Token name, bool nonEmpty) {
     return text && (!nonEmpty || !text->val().empty());
 }
 
-// The capacity to grow a point list to when it is full: doubling while small, then by half,
-// so that the storage of a large list, and the copy when it is trimmed, stay close to its size.
-std::size_t grownCapacity(std::size_t size) {
-    return size < 65536 ? std::max<std::size_t>(64, 2 * size) : size + size / 2;
-}
-
 constexpr double p3Limit = 3e30;
 
 double clampP3(double v) {
@@ -364,14 +358,12 @@ void ZpxParserHandler::endPoint2() {
         colors <= 1) {
         if (colors == 0) {
             if (list->colored()) illegalChild("P2", current_.get());
-            if (list->size() == list->capacity()) list->reserve(grownCapacity(list->size()));
             list->push_back(P2(v[0], v[1]));
             return;
         }
         if (list->size() > 0 && !list->colored()) illegalChild("P2", current_.get());
         RGBA color;
         if (color.parse(words[0])) {
-            if (list->size() == list->capacity()) list->reserve(grownCapacity(list->size()), true);
             list->push_back(P2(v[0], v[1]), color);
             return;
         }
@@ -380,14 +372,12 @@ void ZpxParserHandler::endPoint2() {
     if (text.find('#') == std::string::npos) {
         if (list->colored()) illegalChild("P2", current_.get());
         if (scanFields(text, 2, 0, v, words) != 2) illegalData("P2", text.c_str());
-        if (list->size() == list->capacity()) list->reserve(grownCapacity(list->size()));
         list->push_back(P2(v[0], v[1]));
     } else {
         if (list->size() > 0 && !list->colored()) illegalChild("P2", current_.get());
         RGBA color;
         if (scanFields(text, 2, 1, v, words) != 3 || !color.parse(words[0]))
             illegalData("P2", text.c_str());
-        if (list->size() == list->capacity()) list->reserve(grownCapacity(list->size()), true);
         list->push_back(P2(v[0], v[1]), color);
     }
 }
@@ -421,9 +411,6 @@ void ZpxParserHandler::endPoint3() {
             illegalData("P3", text.c_str());
     }
     for (int i = 0; i < numbers; ++i) v[i] = clampP3(v[i]);
-
-    if (list->size() == list->capacity())
-        list->reserve(grownCapacity(list->size()), withNormal, colors);
     const P3 point(v[0], v[1], v[2]);
     if (withNormal) {
         const P3 normal(v[3], v[4], v[5]);
