@@ -199,10 +199,9 @@ void ZpxParserHandler::startElement(int, int nameId,
         error("elements nested deeper than %d levels\n", maxDepth);
         throw DomException(DomException::HierarchyRequestErr);
     }
-    const Token tag = getToken(nameId);
     const ZpxTagGroup group = zpxTagGroup(nameId);
     if (!current_ && group != ZpxTagGroup::Root) {
-        error("document element '%s' is no Canvas\n", tag.c_str());
+        error("document element '%s' is no Canvas\n", getToken(nameId).c_str());
         throw DomException(DomException::HierarchyRequestErr);
     }
     if (group == ZpxTagGroup::Point2 || group == ZpxTagGroup::Point3) {
@@ -210,6 +209,7 @@ void ZpxParserHandler::startElement(int, int nameId,
         childIndex_ = 0;
         return;
     }
+    const Token tag = getToken(nameId);
     if (group == ZpxTagGroup::Root && current_) illegalChild(tag.c_str(), current_.get());
 
     Arbor::Ref<PlotElement> element(document_->createPlotElement(tag));
