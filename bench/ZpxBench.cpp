@@ -1,5 +1,6 @@
 // Loading and writing large point lists as ZPX, against what the XML parser and the stream cost
-// by themselves, and the memory a load takes at its peak.
+// by themselves; how the load time grows with the number of points, and the memory a load takes
+// at its peak.
 #include <grafel/document/P2List.h>
 #include <grafel/document/P3List.h>
 #include <grafel/document/PlotDocument.h>
@@ -12,68 +13,17 @@
 #include <expat.h>
 #include <malloc.h>
 
+#include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
-#include <new>
+#include <map>
 #include <random>
 #include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
-
-// Every allocation through operator new is counted, so that the peak of a load can be told.
-namespace {
-std::size_t liveBytes = 0;
-std::size_t peakBytes = 0;
-
-void* counted(std::size_t n) {
-    void* p = std::malloc(n ? n : 1);
-    if (!p) throw std::bad_alloc();
-    liveBytes += malloc_usable_size(p);
-    if (liveBytes > peakBytes) peakBytes = liveBytes;
-    return p;
-}
-
-void uncounted(void* p) noexcept {
-    if (!p) return;
-    liveBytes -= malloc_usable_size(p);
-    std::free(p);
-}
-} // namespace
-
-void* operator new(std::size_t n) {
-    return counted(n);
-}
-void* operator new[](std::size_t n) {
-    return counted(n);
-}
-void* operator new(std::size_t n, const std::nothrow_t&) noexcept {
-    try {
-        return counted(n);
-    } catch (...) {
-        return nullptr;
-    }
-}
-void* operator new[](std::size_t n, const std::nothrow_t&) noexcept {
-    try {
-        return counted(n);
-    } catch (...) {
-        return nullptr;
-    }
-}
-void operator delete(void* p) noexcept {
-    uncounted(p);
-}
-void operator delete[](void* p) noexcept {
-    uncounted(p);
-}
-void operator delete(void* p, std::size_t) noexcept {
-    uncounted(p);
-}
-void operator delete[](void* p, std::size_t) noexcept {
-    uncounted(p);
-}
 
 namespace {
 
@@ -146,14 +96,14 @@ public:
 };
 
 // A page with one list of random points, as the stream writes numbers.
-std::string makeDocument(bool space) {
+std::string makeDocument(bool space, int count) {
     std::mt19937_64 random(2024);
     std::uniform_real_distribution<double> coordinate(-1000, 1000);
     std::uniform_real_distribution<double> unit(-1, 1);
     std::ostringstream out;
     out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Canvas xmlns=\"" << zpxNamespaceUri
         << "\">" << (space ? "<Row2>" : "<Row1>");
-    for (int i = 0; i < pointCount; ++i) {
+    for (int i = 0; i < count; ++i) {
         if (space)
             out << "<P3>" << coordinate(random) << ' ' << coordinate(random) << ' '
                 << coordinate(random) << ' ' << unit(random) << ' ' << unit(random) << ' '
@@ -165,10 +115,11 @@ std::string makeDocument(bool space) {
     return out.str();
 }
 
-const std::string& document(bool space) {
-    static const std::string plane = makeDocument(false);
-    static const std::string spatial = makeDocument(true);
-    return space ? spatial : plane;
+const std::string& document(bool space, int count = pointCount) {
+    static std::map<std::pair<bool, int>, std::string> made;
+    std::string& text = made[{space, count}];
+    if (text.empty()) text = makeDocument(space, count);
+    return text;
 }
 
 bool load(PlotDocument& doc, const std::string& text, bool namespaces = true) {
@@ -215,6 +166,54 @@ std::size_t arrayBytes(Arbor::Node* list) {
            l3->size() * sizeof(RGBA) * l3->numColors();
 }
 
+// The memory of the process as the system counts it: large arrays are mappings of their own,
+// which no allocator sees. The peak can be reset, so that each load is measured by itself.
+std::size_t statusBytes(const char* key) {
+    std::FILE* f = std::fopen("/proc/self/status", "r");
+    if (!f) return 0;
+    char line[256];
+    std::size_t kb = 0;
+    const std::size_t n = std::strlen(key);
+    while (std::fgets(line, sizeof line, f))
+        if (std::strncmp(line, key, n) == 0) kb = std::strtoull(line + n, nullptr, 10);
+    std::fclose(f);
+    return kb * 1024;
+}
+
+bool resetPeak() {
+    std::FILE* f = std::fopen("/proc/self/clear_refs", "w");
+    if (!f) return false;
+    const bool ok = std::fputs("5", f) >= 0;
+    return std::fclose(f) == 0 && ok;
+}
+
+struct LoadResult {
+    double seconds = 0;
+    // Peak of the load, counting the input text, over the final arrays plus the input text;
+    // 0 where the system does not tell.
+    double peakRatio = 0;
+    double peakMB = 0;
+};
+
+LoadResult measuredLoad(const std::string& text, bool namespaces = true) {
+    LoadResult r;
+    PlotDocument doc;
+    malloc_trim(0); // memory freed before must not hide what the load takes
+    const std::size_t before = statusBytes("VmRSS:");
+    const bool peakKnown = resetPeak();
+    const double t0 = cpuSeconds();
+    if (!load(doc, text, namespaces)) return r;
+    r.seconds = cpuSeconds() - t0;
+    if (peakKnown && before) {
+        const std::size_t arrays = arrayBytes(doc.documentElement()->firstChild());
+        // The input text was resident before; the peak counts it as part of the load.
+        const double peak = double(statusBytes("VmHWM:") - before) + double(text.size());
+        r.peakRatio = peak / double(arrays + text.size());
+        r.peakMB = peak / 1e6;
+    }
+    return r;
+}
+
 // Load against the plain parser pass, in the same iteration, and the peak memory of the load
 // against the final arrays plus the input text. The load is also timed with the parser's
 // namespace processing off, which a host may choose for text in the default namespace.
@@ -224,40 +223,49 @@ void loadVersusExpat(benchmark::State& state, bool space) {
     double zpx = 0;
     double zpxPlainNames = 0;
     double expat = 0;
-    double peakRatio = 0;
-    double peakMB = 0;
+    LoadResult last;
     for (auto _ : state) {
         const double t0 = cpuSeconds();
         if (!expatPass(text)) state.SkipWithError("the plain pass failed");
-        const double t1 = cpuSeconds();
-        {
-            PlotDocument doc;
-            const std::size_t before = liveBytes;
-            peakBytes = liveBytes;
-            const double t2 = cpuSeconds();
-            if (!load(doc, text)) state.SkipWithError("the load failed");
-            const double t3 = cpuSeconds();
-            const std::size_t arrays = arrayBytes(doc.documentElement()->firstChild());
-            // The input text was there before; the peak counts it as part of the load.
-            const double peak = double(peakBytes - before) + double(text.size());
-            peakRatio = peak / double(arrays + text.size());
-            peakMB = peak / 1e6;
-            zpx += t3 - t2;
-            expat += t1 - t0;
-            state.SetIterationTime(t3 - t2);
-        }
-        PlotDocument doc;
-        const double t4 = cpuSeconds();
-        if (!load(doc, text, false)) state.SkipWithError("the load failed");
-        zpxPlainNames += cpuSeconds() - t4;
+        expat += cpuSeconds() - t0;
+        last = measuredLoad(text);
+        if (last.seconds == 0) state.SkipWithError("the load failed");
+        zpx += last.seconds;
+        state.SetIterationTime(last.seconds);
+        zpxPlainNames += measuredLoad(text, false).seconds;
     }
     state.counters["ratio_to_expat"] = zpx / expat;
     state.counters["ratio_no_namespaces"] = zpxPlainNames / expat;
     state.counters["expat_ms"] = 1e3 * expat / double(state.iterations());
-    state.counters["peak_MB"] = peakMB;
-    state.counters["peak_to_arrays_plus_input"] = peakRatio;
+    state.counters["peak_MB"] = last.peakMB;
+    state.counters["peak_to_arrays_plus_input"] = last.peakRatio;
     state.counters["input_MB"] = double(text.size()) / 1e6;
     state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(text.size()));
+}
+
+// Loads of 1M, 2M and 4M points in each iteration: the time of each size over that of the
+// half size (2.0 is linear), and the largest peak ratio of the three.
+void loadScaling(benchmark::State& state, bool space) {
+    BenchClasses classes;
+    constexpr int sizes[] = {1000000, 2000000, 4000000};
+    for (int n : sizes) document(space, n); // made before the clock runs
+    double seconds[3] = {};
+    double peak = 0;
+    for (auto _ : state) {
+        double total = 0;
+        for (int i = 0; i < 3; ++i) {
+            const LoadResult r = measuredLoad(document(space, sizes[i]));
+            if (r.seconds == 0) state.SkipWithError("the load failed");
+            seconds[i] += r.seconds;
+            total += r.seconds;
+            peak = std::max(peak, r.peakRatio);
+        }
+        state.SetIterationTime(total);
+    }
+    state.counters["doubling_1M_2M"] = seconds[1] / seconds[0];
+    state.counters["doubling_2M_4M"] = seconds[2] / seconds[1];
+    state.counters["ns_per_point_4M"] = 1e9 * seconds[2] / double(state.iterations()) / sizes[2];
+    state.counters["peak_to_arrays_plus_input"] = peak;
 }
 
 // Writing against a loop that writes the same numbers with operator<< to the same kind of
@@ -310,6 +318,12 @@ void BM_ZpxLoadP2(benchmark::State& state) {
 void BM_ZpxLoadP3Normals(benchmark::State& state) {
     loadVersusExpat(state, true);
 }
+void BM_ZpxLoadScalingP2(benchmark::State& state) {
+    loadScaling(state, false);
+}
+void BM_ZpxLoadScalingP3Normals(benchmark::State& state) {
+    loadScaling(state, true);
+}
 void BM_ZpxWriteP2(benchmark::State& state) {
     writeVersusStream(state, false);
 }
@@ -319,6 +333,11 @@ void BM_ZpxWriteP3Normals(benchmark::State& state) {
 
 BENCHMARK(BM_ZpxLoadP2)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
 BENCHMARK(BM_ZpxLoadP3Normals)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(BM_ZpxLoadScalingP2)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_ZpxLoadScalingP3Normals)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
 BENCHMARK(BM_ZpxWriteP2)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
 BENCHMARK(BM_ZpxWriteP3Normals)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
 

@@ -5,33 +5,22 @@
 
 namespace Grafel {
 
-namespace {
-
-/// Makes room for one more element before anything is appended, so that a failed allocation
-/// leaves every array as it was and the parallel arrays never part. Grows by doubling, as the
-/// standard containers do.
-template <class T> void makeRoom(std::vector<T>& v) {
-    if (v.size() == v.capacity()) v.reserve(v.empty() ? 1 : 2 * v.size());
-}
-
-} // namespace
-
 P2List::~P2List() = default;
 
 // The arguments come by value: a point or colour taken from this list's own arrays is copied
 // before any of them can move.
 
 void P2List::push_back(P2 point) {
-    makeRoom(points_);
-    if (!colors_.empty()) std::vector<RGBA>().swap(colors_);
-    points_.push_back(point);
+    points_.makeRoom();
+    colors_.reset();
+    points_.appendInRoom(point);
 }
 
 void P2List::push_back(P2 point, RGBA color) {
-    makeRoom(points_);
-    makeRoom(colors_);
-    points_.push_back(point);
-    colors_.push_back(color);
+    points_.makeRoom();
+    colors_.makeRoom();
+    points_.appendInRoom(point);
+    colors_.appendInRoom(color);
 }
 
 void P2List::reserve(std::size_t n, bool withColors) {
@@ -40,8 +29,8 @@ void P2List::reserve(std::size_t n, bool withColors) {
 }
 
 void P2List::shrinkToFit() {
-    points_.shrink_to_fit();
-    colors_.shrink_to_fit();
+    points_.shrinkToFit();
+    colors_.shrinkToFit();
 }
 
 void P2List::clear() noexcept {

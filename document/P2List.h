@@ -2,13 +2,13 @@
 // one contiguous array of points, and optionally one colour per point, beside the tree.
 #pragma once
 
+#include <grafel/foundation/PointArray.h>
 #include <grafel/foundation/Points.h>
 #include <grafel/foundation/Rgba.h>
 #include <grafel/properties/PrimitiveBase.h>
 
 #include <cstddef>
 #include <iosfwd>
-#include <vector>
 
 namespace Grafel {
 
@@ -71,8 +71,8 @@ protected:
     explicit P2List(Arbor::Document* document) : PrimitiveBase(document) {}
 
 private:
-    std::vector<P2> points_;
-    std::vector<RGBA> colors_;
+    PointArray<P2> points_;
+    PointArray<RGBA> colors_;
 };
 
 } // namespace Grafel

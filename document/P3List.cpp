@@ -5,17 +5,6 @@
 
 namespace Grafel {
 
-namespace {
-
-/// Makes room for one more element before anything is appended, so that a failed allocation
-/// leaves every array as it was and the parallel arrays never part. Grows by doubling, as the
-/// standard containers do.
-template <class T> void makeRoom(std::vector<T>& v) {
-    if (v.size() == v.capacity()) v.reserve(v.empty() ? 1 : 2 * v.size());
-}
-
-} // namespace
-
 P3List::~P3List() = default;
 
 // The public forms take their arguments by value: an item taken from this list's own arrays is
@@ -46,15 +35,15 @@ void P3List::push_back(P3 point, P3 normal, RGBA first, RGBA second) {
 }
 
 void P3List::append(const P3& point, const P3* normal, const RGBA* first, const RGBA* second) {
-    makeRoom(points_);
-    if (normal) makeRoom(normals_);
-    if (first) makeRoom(firstColors_);
-    if (second) makeRoom(secondColors_);
+    points_.makeRoom();
+    if (normal) normals_.makeRoom();
+    if (first) firstColors_.makeRoom();
+    if (second) secondColors_.makeRoom();
     // Nothing below allocates, so nothing below throws.
-    points_.push_back(point);
-    if (normal) normals_.push_back(*normal);
-    if (first) firstColors_.push_back(*first);
-    if (second) secondColors_.push_back(*second);
+    points_.appendInRoom(point);
+    if (normal) normals_.appendInRoom(*normal);
+    if (first) firstColors_.appendInRoom(*first);
+    if (second) secondColors_.appendInRoom(*second);
 }
 
 void P3List::reserve(std::size_t n, bool withNormals, int colors) {
@@ -65,10 +54,10 @@ void P3List::reserve(std::size_t n, bool withNormals, int colors) {
 }
 
 void P3List::shrinkToFit() {
-    points_.shrink_to_fit();
-    normals_.shrink_to_fit();
-    firstColors_.shrink_to_fit();
-    secondColors_.shrink_to_fit();
+    points_.shrinkToFit();
+    normals_.shrinkToFit();
+    firstColors_.shrinkToFit();
+    secondColors_.shrinkToFit();
 }
 
 void P3List::clear() noexcept {

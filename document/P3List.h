@@ -3,13 +3,13 @@
 // colours per point, beside the tree.
 #pragma once
 
+#include <grafel/foundation/PointArray.h>
 #include <grafel/foundation/Points.h>
 #include <grafel/foundation/Rgba.h>
 #include <grafel/properties/PrimitiveBase.h>
 
 #include <cstddef>
 #include <iosfwd>
-#include <vector>
 
 namespace Grafel {
 
@@ -89,16 +89,16 @@ protected:
     explicit P3List(Arbor::Document* document) : PrimitiveBase(document) {}
 
 private:
-    template <class T> static const T* dataOrNull(const std::vector<T>& v) noexcept {
+    template <class T> static const T* dataOrNull(const PointArray<T>& v) noexcept {
         return v.empty() ? nullptr : v.data();
     }
     /// The one append behind all push_back forms; a null item is not appended.
     void append(const P3& point, const P3* normal, const RGBA* first, const RGBA* second);
 
-    std::vector<P3> points_;
-    std::vector<P3> normals_;
-    std::vector<RGBA> firstColors_;
-    std::vector<RGBA> secondColors_;
+    PointArray<P3> points_;
+    PointArray<P3> normals_;
+    PointArray<RGBA> firstColors_;
+    PointArray<RGBA> secondColors_;
 };
 
 } // namespace Grafel

@@ -1,7 +1,7 @@
 #include <grafel/document/PlotDocument.h>
 
 #include <grafel/arbor/Range.h>
-#include <grafel/document/ZpxParserHandler.h>
+#include <grafel/document/ZpxDialect.h>
 #include <grafel/foundation/CmdOStream.h>
 #include <grafel/foundation/NaN.h>
 #include <grafel/foundation/Tokens.h>

@@ -2,12 +2,12 @@
 // a PlotDocument, decoding point lists, colour and density arrays and texts on the way.
 #pragma once
 
+#include <grafel/document/ZpxDialect.h>
 #include <grafel/foundation/Rgba.h>
 #include <grafel/properties/ElementDocument.h>
 #include <grafel/tessel/xml/SimpleDataHandler.h>
 
 #include <cstddef>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,9 +18,6 @@ class P2List;
 class P3List;
 class PlotDocument;
 class PlotElement;
-
-/// The namespace of the dialect. Names in no namespace are read the same.
-inline constexpr const char* zpxNamespaceUri = "http://grafel.org/xml/Orthelia";
 
 /// What the reader needs of an element that keeps a raster of colours beside the tree
 /// (ColorArray2d): the words of the element's text go straight into it, one colour each.
@@ -85,20 +82,6 @@ public:
     void onCharacterData(const char* text, int length) override;
 
     PlotDocument* document() const { return document_; }
-
-    /// The token ids of the tags of the dialect, ascending.
-    static std::span<const int> elementNames();
-    /// The token ids of the attribute names of the dialect, ascending.
-    static std::span<const int> attributeNames();
-
-    /// Reads `text` as sscanf(text, format) does, where the format is `numbers` conversions
-    /// " %lf" followed by `colors` conversions " #%10s" (numbers 1 to 6, colours 0 to 2); answers
-    /// the number of fields converted, as sscanf would (-1 when the text has no field at all).
-    /// `values` has room for six numbers and `words` for two colour words, each stored
-    /// NUL-terminated. Plain decimal numbers are read without the C library, and give the same
-    /// bits; whatever is not plain is handed to sscanf itself.
-    static int scanFields(const std::string& text, int numbers, int colors, double* values,
-                          char (*words)[11]);
 
 protected:
     /// Reports as described for the constructor; nothing without a handler.

@@ -6,6 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 bash scripts/setup.sh
+bash scripts/check-layers.sh
 
 build=build
 flags=(-DCMAKE_BUILD_TYPE=RelWithDebInfo)

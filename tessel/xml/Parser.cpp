@@ -112,12 +112,14 @@ struct Parser::Impl {
     }
 
     bool mapName(const XML_Char* name, bool element, Ids& ids) {
-        const std::string_view key(name);
+        // One pass over both texts, which stops at the first difference: a repeated name is
+        // neither measured nor hashed.
         std::string& last = lastName[element];
-        if (!last.empty() && key == last) {
+        if (!last.empty() && std::strcmp(name, last.c_str()) == 0) {
             ids = lastIds[element];
             return true;
         }
+        const std::string_view key(name);
         NameCache& cache = element ? elementNames : attributeNames;
         if (auto it = cache.find(key); it != cache.end()) {
             ids = it->second;

@@ -403,8 +403,8 @@ TEST_F(ZpxReader, DeepNesting) {
 }
 
 TEST(ZpxNames, TablesAgreeWithTheCatalogueAndTheClasses) {
-    const auto elements = ZpxParserHandler::elementNames();
-    const auto attributes = ZpxParserHandler::attributeNames();
+    const auto elements = zpxTags();
+    const auto attributes = zpxAttributeNames();
     EXPECT_EQ(elements.size(), 106u);
     EXPECT_EQ(attributes.size(), 226u);
     const std::set<int> tags(elements.begin(), elements.end());
