@@ -13,8 +13,6 @@ namespace {
 GRAFEL_DEFINE_PROPERTY_LIST(CanvasPropertyListMgr, GRAFEL_CANVAS_TABLE)
 } // namespace
 
-GRAFEL_REGISTER_ELEMENT_CLASS(Canvas);
-
 Property* Canvas::propertyInfo(Arbor::Token name) const {
     return CanvasPropertyListMgrInstance().find(name);
 }

@@ -42,7 +42,7 @@ namespace {
 class Holder : public PlotElement {
 public:
     explicit Holder(Arbor::Document* d) : PlotElement(d) {}
-    GRAFEL_ELEMENT_CLASS(Holder)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(Holder)
     GRAFEL_MEMBER_PROPERTIES(Holder, HOLDER_TABLE)
 };
 GRAFEL_DEFINE_MEMBER_PROPERTIES(Holder, HOLDER_TABLE)
@@ -50,7 +50,7 @@ GRAFEL_DEFINE_MEMBER_PROPERTIES(Holder, HOLDER_TABLE)
 class Shape : public PlotElement {
 public:
     explicit Shape(Arbor::Document* d) : PlotElement(d) {}
-    GRAFEL_ELEMENT_CLASS(Shape)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(Shape)
     GRAFEL_MEMBER_PROPERTIES(Shape, SHAPE_TABLE)
 public:
     PlotElement* inheritingFrom(Token name) const override {
@@ -80,7 +80,7 @@ GRAFEL_DEFINE_MEMBER_PROPERTIES(Shape, SHAPE_TABLE)
 class AmbientLamp : public PlotElement {
 public:
     explicit AmbientLamp(Arbor::Document* d) : PlotElement(d) {}
-    GRAFEL_ELEMENT_CLASS(AmbientLamp)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(AmbientLamp)
     GRAFEL_MEMBER_PROPERTIES(AmbientLamp, AMBIENT_TABLE)
 public:
     PlotElement* inheritingFrom(Token name) const override {
@@ -96,7 +96,7 @@ GRAFEL_DEFINE_MEMBER_PROPERTIES(AmbientLamp, AMBIENT_TABLE)
 class PointLamp : public AmbientLamp {
 public:
     explicit PointLamp(Arbor::Document* d) : AmbientLamp(d) {}
-    GRAFEL_ELEMENT_CLASS(PointLamp)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(PointLamp)
     GRAFEL_MEMBER_PROPERTIES_EXTENDING(PointLamp, AmbientLamp, POINT_TABLE)
 };
 GRAFEL_DEFINE_MEMBER_PROPERTIES(PointLamp, POINT_TABLE)
@@ -104,7 +104,7 @@ GRAFEL_DEFINE_MEMBER_PROPERTIES(PointLamp, POINT_TABLE)
 class DistantLamp : public PointLamp {
 public:
     explicit DistantLamp(Arbor::Document* d) : PointLamp(d) {}
-    GRAFEL_ELEMENT_CLASS(DistantLamp)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(DistantLamp)
     GRAFEL_MEMBER_PROPERTIES_EXTENDING(DistantLamp, PointLamp, DISTANT_TABLE)
 };
 GRAFEL_DEFINE_MEMBER_PROPERTIES(DistantLamp, DISTANT_TABLE)
@@ -113,7 +113,7 @@ GRAFEL_DEFINE_MEMBER_PROPERTIES(DistantLamp, DISTANT_TABLE)
 class FlatLamp : public PlotElement {
 public:
     explicit FlatLamp(Arbor::Document* d) : PlotElement(d) {}
-    GRAFEL_ELEMENT_CLASS(FlatLamp)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(FlatLamp)
     GRAFEL_MEMBER_PROPERTIES(FlatLamp, FLAT_TABLE)
 };
 
