@@ -30,7 +30,7 @@ namespace {
 class BenchShape : public PrimitiveBase {
 public:
     explicit BenchShape(Arbor::Document* d) : PrimitiveBase(d) {}
-    GRAFEL_ELEMENT_CLASS(BenchShape)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(BenchShape)
     GRAFEL_MEMBER_PROPERTIES(BenchShape, BENCH_SHAPE_TABLE)
 };
 GRAFEL_DEFINE_MEMBER_PROPERTIES(BenchShape, BENCH_SHAPE_TABLE)
@@ -42,7 +42,7 @@ GRAFEL_DEFINE_PROPERTY_LIST(BenchLevelMgr, BENCH_LEVEL_TABLE)
 class BenchLevel : public LibraryElement {
 public:
     explicit BenchLevel(Arbor::Document* d) : LibraryElement(d) {}
-    GRAFEL_ELEMENT_CLASS(BenchLevel)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(BenchLevel)
     GRAFEL_LIST_GETTERS(BENCH_LEVEL_TABLE)
     Property* propertyInfo(Token name) const override { return BenchLevelMgrInstance().find(name); }
     PlotElement* inheritingFrom(Token name) const override {

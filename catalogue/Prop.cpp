@@ -3,6 +3,5 @@
 namespace Grafel {
 
 GRAFEL_DEFINE_MEMBER_PROPERTIES(Prop, GRAFEL_PROP_TABLE)
-GRAFEL_REGISTER_ELEMENT_CLASS(Prop);
 
 } // namespace Grafel

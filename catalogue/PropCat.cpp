@@ -12,6 +12,4 @@ bool PropCat::mayReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newFirst) 
     return true;
 }
 
-GRAFEL_REGISTER_ELEMENT_CLASS(PropCat);
-
 } // namespace Grafel

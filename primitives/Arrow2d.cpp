@@ -3,6 +3,5 @@
 namespace Grafel {
 
 GRAFEL_DEFINE_MEMBER_PROPERTIES(Arrow2d, GRAFEL_ARROW2D_TABLE)
-GRAFEL_REGISTER_ELEMENT_CLASS(Arrow2d);
 
 } // namespace Grafel

@@ -16,6 +16,4 @@ bool Img2d::allowedContentChild(Arbor::Token tag) const {
     return false;
 }
 
-GRAFEL_REGISTER_ELEMENT_CLASS(Img2d);
-
 } // namespace Grafel

@@ -14,6 +14,4 @@ bool Img3d::allowedContentChild(Arbor::Token tag) const {
     return false;
 }
 
-GRAFEL_REGISTER_ELEMENT_CLASS(Img3d);
-
 } // namespace Grafel

@@ -3,6 +3,5 @@
 namespace Grafel {
 
 GRAFEL_DEFINE_MEMBER_PROPERTIES(Line2d, GRAFEL_LINE2D_TABLE)
-GRAFEL_REGISTER_ELEMENT_CLASS(Line2d);
 
 } // namespace Grafel

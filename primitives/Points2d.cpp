@@ -23,7 +23,4 @@ void SymbolicPoints::putCmd(CmdOStream& out) {
     out.endItem();
 }
 
-GRAFEL_REGISTER_ELEMENT_CLASS(Points2d);
-GRAFEL_REGISTER_ELEMENT_CLASS(Points3d);
-
 } // namespace Grafel

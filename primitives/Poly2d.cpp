@@ -3,6 +3,5 @@
 namespace Grafel {
 
 GRAFEL_DEFINE_MEMBER_PROPERTIES(Poly2d, GRAFEL_POLY2D_TABLE)
-GRAFEL_REGISTER_ELEMENT_CLASS(Poly2d);
 
 } // namespace Grafel

@@ -3,6 +3,5 @@
 namespace Grafel {
 
 GRAFEL_DEFINE_MEMBER_PROPERTIES(Pts2d, GRAFEL_PTS2D_TABLE)
-GRAFEL_REGISTER_ELEMENT_CLASS(Pts2d);
 
 } // namespace Grafel

@@ -10,6 +10,4 @@ bool Text2d::mayReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newFirst) {
     return false;
 }
 
-GRAFEL_REGISTER_ELEMENT_CLASS(Text2d);
-
 } // namespace Grafel

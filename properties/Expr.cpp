@@ -162,8 +162,6 @@ void ColorFunc::putCmd(CmdOStream& out) {
     out.endItem();
 }
 
-GRAFEL_REGISTER_ELEMENT_CLASS(Expr);
-GRAFEL_REGISTER_ELEMENT_CLASS(ExprSeq);
 GRAFEL_REGISTER_ELEMENT_CLASS(ColorFunc);
 
 } // namespace Grafel

@@ -23,8 +23,4 @@ void XTicksAt::putCmd(CmdOStream& out) {
     out.endItem();
 }
 
-GRAFEL_REGISTER_ELEMENT_CLASS(XTicksAt);
-GRAFEL_REGISTER_ELEMENT_CLASS(YTicksAt);
-GRAFEL_REGISTER_ELEMENT_CLASS(ZTicksAt);
-
 } // namespace Grafel

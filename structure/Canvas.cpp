@@ -14,25 +14,12 @@ namespace {
 GRAFEL_DEFINE_PROPERTY_LIST(CanvasPropertyListMgr, GRAFEL_CANVAS_TABLE)
 } // namespace
 
-GRAFEL_REGISTER_ELEMENT_CLASS(Canvas);
-
 Property* Canvas::propertyInfo(Arbor::Token name) const {
     return CanvasPropertyListMgrInstance().find(name);
 }
 
 bool Canvas::allowedContentChild(Arbor::Token tag) const {
     return tag == tok_Scene2d || tag == tok_Scene3d || tag == tok_ObjStyle || tag == tok_ObjType;
-}
-
-int Canvas::tagNameToOptionChildFlag(Arbor::Token tag) const {
-    if (tag == tok_Header) return 1;
-    if (tag == tok_Footer) return 2;
-    if (tag == tok_Scene2dStyle) return 4;
-    if (tag == tok_Scene3dStyle) return 8;
-    if (tag == tok_CoordinateSystem2dStyle) return 16;
-    if (tag == tok_CoordinateSystem3dStyle) return 32;
-    if (tag == tok_TimeRange) return 64;
-    return 0;
 }
 
 bool Canvas::mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) {

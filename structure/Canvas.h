@@ -7,6 +7,7 @@
 #include <grafel/properties/ElementClass.h>
 #include <grafel/properties/LibraryElement.h>
 #include <grafel/properties/ListTable.h>
+#include <grafel/properties/OptionChildTable.h>
 
 // The page's properties, in registration order.
 #define GRAFEL_CANVAS_TABLE(P)                                                                     \
@@ -66,9 +67,22 @@ class Canvas : public LibraryElement {
 protected:
     explicit Canvas(Arbor::Document* document) : LibraryElement(document) {}
     bool allowedContentChild(Arbor::Token tag) const override;
-    int tagNameToOptionChildFlag(Arbor::Token tag) const override;
-    int allowedOptionChildren() const override { return 127; }
+    int tagNameToOptionChildFlag(Arbor::Token tag) const override {
+        return optionChildFlags.flagOf(tag);
+    }
+    int allowedOptionChildren() const override { return optionChildFlags.all(); }
     int mandatoryOptionChildren() const override { return 0; }
+
+    /// The option children of the page: its texts and the styles of its scenes and systems.
+    static constexpr OptionChildTable optionChildFlags{{
+        {id_Header, 1},
+        {id_Footer, 2},
+        {id_Scene2dStyle, 4},
+        {id_Scene3dStyle, 8},
+        {id_CoordinateSystem2dStyle, 16},
+        {id_CoordinateSystem3dStyle, 32},
+        {id_TimeRange, 64},
+    }};
 };
 
 } // namespace Grafel

@@ -6,8 +6,6 @@ namespace Grafel {
 
 using Arbor::Token;
 
-GRAFEL_REGISTER_ELEMENT_CLASS(CoordinateSystem2d);
-
 PlotElement* CoordinateSystem2d::inheritingFrom(Token name) const {
     return inheritingFromStyles(tok_CoordinateSystem2dStyle, name);
 }

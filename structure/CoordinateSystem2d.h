@@ -27,7 +27,7 @@ class CoordinateSystem2d : public CoordinateSystemBase {
 protected:
     explicit CoordinateSystem2d(Arbor::Document* document) : CoordinateSystemBase(document) {}
     bool allowedContentChild(Arbor::Token tag) const override;
-    int allowedOptionChildren() const override { return allOptionChildren & ~zOptionChildren; }
+    int allowedOptionChildren() const override { return optionChildFlags.all() & ~zOptionChildren; }
 };
 
 } // namespace Grafel

@@ -6,8 +6,6 @@ namespace Grafel {
 
 using Arbor::Token;
 
-GRAFEL_REGISTER_ELEMENT_CLASS(CoordinateSystem3d);
-
 PlotElement* CoordinateSystem3d::inheritingFrom(Token name) const {
     return inheritingFromStyles(tok_CoordinateSystem3dStyle, name);
 }

@@ -26,7 +26,7 @@ class CoordinateSystem3d : public CoordinateSystemBase {
 protected:
     explicit CoordinateSystem3d(Arbor::Document* document) : CoordinateSystemBase(document) {}
     bool allowedContentChild(Arbor::Token tag) const override;
-    int allowedOptionChildren() const override { return allOptionChildren; }
+    int allowedOptionChildren() const override { return optionChildFlags.all(); }
 };
 
 } // namespace Grafel

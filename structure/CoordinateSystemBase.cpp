@@ -22,36 +22,7 @@ CoordinateSystemBase& CoordinateSystemBase::operator=(const CoordinateSystemBase
 }
 
 int CoordinateSystemBase::tagNameToOptionChildFlag(Token tag) const {
-    static const struct {
-        const Token& tag;
-        int flag;
-    } flags[] = {
-        {tok_ViewingBoxXMin, ViewingBoxXMinFlag},
-        {tok_ViewingBoxXMax, ViewingBoxXMaxFlag},
-        {tok_ViewingBoxYMin, ViewingBoxYMinFlag},
-        {tok_ViewingBoxYMax, ViewingBoxYMaxFlag},
-        {tok_ViewingBoxZMin, ViewingBoxZMinFlag},
-        {tok_ViewingBoxZMax, ViewingBoxZMaxFlag},
-        {tok_AxesOriginX, AxesOriginXFlag},
-        {tok_AxesOriginY, AxesOriginYFlag},
-        {tok_AxesOriginZ, AxesOriginZFlag},
-        {tok_XAxisTitle, XAxisTitleFlag},
-        {tok_YAxisTitle, YAxisTitleFlag},
-        {tok_ZAxisTitle, ZAxisTitleFlag},
-        {tok_XTicksAnchor, XTicksAnchorFlag},
-        {tok_XTicksDistance, XTicksDistanceFlag},
-        {tok_YTicksAnchor, YTicksAnchorFlag},
-        {tok_YTicksDistance, YTicksDistanceFlag},
-        {tok_ZTicksAnchor, ZTicksAnchorFlag},
-        {tok_ZTicksDistance, ZTicksDistanceFlag},
-        {tok_XTicksAt, XTicksAtFlag},
-        {tok_YTicksAt, YTicksAtFlag},
-        {tok_ZTicksAt, ZTicksAtFlag},
-        {tok_Hints, HintsFlag},
-    };
-    for (const auto& f : flags)
-        if (f.tag == tag) return f.flag;
-    return 0;
+    return optionChildFlags.flagOf(tag);
 }
 
 PlotElement* CoordinateSystemBase::inheritingFromStyles(Token styleTag, Token name) const {

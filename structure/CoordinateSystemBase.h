@@ -4,6 +4,7 @@
 #pragma once
 
 #include <grafel/properties/LibraryElement.h>
+#include <grafel/properties/OptionChildTable.h>
 #include <grafel/structure/CoordinateSystemStyleGetter.h>
 
 #include <vector>
@@ -42,37 +43,22 @@ protected:
     /// those that exist.
     void appendStyles(Arbor::Token styleTag, std::vector<PlotElement*>& chain) const;
 
-    /// The flags of tagNameToOptionChildFlag().
-    enum OptionChild : int {
-        ViewingBoxXMinFlag = 1,
-        ViewingBoxXMaxFlag = 2,
-        ViewingBoxYMinFlag = 4,
-        ViewingBoxYMaxFlag = 8,
-        ViewingBoxZMinFlag = 16,
-        ViewingBoxZMaxFlag = 32,
-        AxesOriginXFlag = 64,
-        AxesOriginYFlag = 128,
-        AxesOriginZFlag = 256,
-        XAxisTitleFlag = 512,
-        YAxisTitleFlag = 1024,
-        ZAxisTitleFlag = 2048,
-        XTicksAnchorFlag = 4096,
-        XTicksDistanceFlag = 8192,
-        YTicksAnchorFlag = 16384,
-        YTicksDistanceFlag = 32768,
-        ZTicksAnchorFlag = 65536,
-        ZTicksDistanceFlag = 131072,
-        XTicksAtFlag = 262144,
-        YTicksAtFlag = 524288,
-        ZTicksAtFlag = 1048576,
-        HintsFlag = 2097152,
-    };
-    /// Every option child; a 3D system admits them all.
-    static constexpr int allOptionChildren = 2 * HintsFlag - 1;
+    /// The option children of coordinate systems of both dimensions; a 3D system admits them
+    /// all.
+    static constexpr OptionChildTable optionChildFlags{{
+        {id_ViewingBoxXMin, 1},     {id_ViewingBoxXMax, 2},    {id_ViewingBoxYMin, 4},
+        {id_ViewingBoxYMax, 8},     {id_ViewingBoxZMin, 16},   {id_ViewingBoxZMax, 32},
+        {id_AxesOriginX, 64},       {id_AxesOriginY, 128},     {id_AxesOriginZ, 256},
+        {id_XAxisTitle, 512},       {id_YAxisTitle, 1024},     {id_ZAxisTitle, 2048},
+        {id_XTicksAnchor, 4096},    {id_XTicksDistance, 8192}, {id_YTicksAnchor, 16384},
+        {id_YTicksDistance, 32768}, {id_ZTicksAnchor, 65536},  {id_ZTicksDistance, 131072},
+        {id_XTicksAt, 262144},      {id_YTicksAt, 524288},     {id_ZTicksAt, 1048576},
+        {id_Hints, 2097152},
+    }};
     /// The option children that concern the third axis, which a 2D system refuses.
-    static constexpr int zOptionChildren = ViewingBoxZMinFlag | ViewingBoxZMaxFlag |
-                                           AxesOriginZFlag | ZAxisTitleFlag | ZTicksAnchorFlag |
-                                           ZTicksDistanceFlag | ZTicksAtFlag;
+    static constexpr int zOptionChildren =
+        optionChildFlags.mask(id_ViewingBoxZMin, id_ViewingBoxZMax, id_AxesOriginZ, id_ZAxisTitle,
+                              id_ZTicksAnchor, id_ZTicksDistance, id_ZTicksAt);
 };
 
 } // namespace Grafel

@@ -11,7 +11,6 @@ using Arbor::Token;
 /// the systems tagged System and takes its own dimension's values from DimensionTable. A style
 /// looks one level above its parent: from a scene to the page, from the page to nothing.
 #define GRAFEL_DEFINE_COORDINATE_SYSTEM_STYLE(Class, System, DimensionTable)                       \
-    GRAFEL_REGISTER_ELEMENT_CLASS(Class);                                                          \
     PlotElement* Class::inheritingFrom(Token name) const {                                         \
         return detail::holding(detail::styleAt(detail::parentOf(parent_), tok_##Class), name);     \
     }                                                                                              \

@@ -3,6 +3,5 @@
 namespace Grafel {
 
 GRAFEL_DEFINE_MEMBER_PROPERTIES(Hints, GRAFEL_HINTS_TABLE)
-GRAFEL_REGISTER_ELEMENT_CLASS(Hints);
 
 } // namespace Grafel

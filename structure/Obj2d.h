@@ -25,7 +25,9 @@ protected:
 
     /// Expressions, colour functions, named options and images Img2d.
     bool allowedContentChild(Arbor::Token tag) const override;
-    int allowedOptionChildren() const override { return commonOptionChildren | Points2dFlag; }
+    int allowedOptionChildren() const override {
+        return commonOptionChildren | optionChildFlags.mask(id_Points2d);
+    }
     int mandatoryOptionChildren() const override { return 0; }
 };
 

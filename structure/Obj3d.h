@@ -26,7 +26,8 @@ protected:
     /// Expressions, colour functions, named options and images Img3d.
     bool allowedContentChild(Arbor::Token tag) const override;
     int allowedOptionChildren() const override {
-        return commonOptionChildren | TitlePositionZFlag | Points3dFlag | TextOrientationFlag;
+        return commonOptionChildren |
+               optionChildFlags.mask(id_TitlePositionZ, id_Points3d, id_TextOrientation);
     }
     int mandatoryOptionChildren() const override { return 0; }
 };

@@ -10,6 +10,4 @@ bool ObjType::mayReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newFirst) 
     return true;
 }
 
-GRAFEL_REGISTER_ELEMENT_CLASS(ObjType);
-
 } // namespace Grafel

@@ -91,25 +91,7 @@ void ObjectBase::getNextAnimationTime(double time, bool backward, double& best) 
 }
 
 int ObjectBase::tagNameToOptionChildFlag(Token tag) const {
-    static const struct {
-        const Token& tag;
-        int flag;
-    } flags[] = {
-        {tok_ParameterName, ParameterNameFlag},
-        {tok_ParameterBegin, ParameterBeginFlag},
-        {tok_ParameterEnd, ParameterEndFlag},
-        {tok_Title, TitleFlag},
-        {tok_TitlePositionX, TitlePositionXFlag},
-        {tok_TitlePositionY, TitlePositionYFlag},
-        {tok_TitlePositionZ, TitlePositionZFlag},
-        {tok_LegendText, LegendTextFlag},
-        {tok_Points2d, Points2dFlag},
-        {tok_Points3d, Points3dFlag},
-        {tok_TextOrientation, TextOrientationFlag},
-    };
-    for (const auto& f : flags)
-        if (f.tag == tag) return f.flag;
-    return 0;
+    return optionChildFlags.flagOf(tag);
 }
 
 void ObjectBase::normalizeInheritingAttributes(Token name) {

@@ -5,6 +5,7 @@
 
 #include <grafel/foundation/Rgba.h>
 #include <grafel/properties/LibraryElement.h>
+#include <grafel/properties/OptionChildTable.h>
 #include <grafel/structure/ObjectStyleGetter.h>
 
 #include <vector>
@@ -64,24 +65,24 @@ protected:
     /// The value of Type: an object is written as "plot::" and its type.
     void putCmdName(CmdOStream& out) override;
 
-    /// The flags of tagNameToOptionChildFlag().
-    enum OptionChild : int {
-        ParameterNameFlag = 1,
-        ParameterBeginFlag = 2,
-        ParameterEndFlag = 4,
-        TitleFlag = 32,
-        TitlePositionXFlag = 64,
-        TitlePositionYFlag = 128,
-        TitlePositionZFlag = 256,
-        LegendTextFlag = 512,
-        Points2dFlag = 1024,
-        Points3dFlag = 2048,
-        TextOrientationFlag = 4096,
-    };
+    /// The option children of objects of both dimensions.
+    static constexpr OptionChildTable optionChildFlags{{
+        {id_ParameterName, 1},
+        {id_ParameterBegin, 2},
+        {id_ParameterEnd, 4},
+        {id_Title, 32},
+        {id_TitlePositionX, 64},
+        {id_TitlePositionY, 128},
+        {id_TitlePositionZ, 256},
+        {id_LegendText, 512},
+        {id_Points2d, 1024},
+        {id_Points3d, 2048},
+        {id_TextOrientation, 4096},
+    }};
     /// The option children both dimensions admit.
-    static constexpr int commonOptionChildren = ParameterNameFlag | ParameterBeginFlag |
-                                                ParameterEndFlag | TitleFlag | TitlePositionXFlag |
-                                                TitlePositionYFlag | LegendTextFlag;
+    static constexpr int commonOptionChildren =
+        optionChildFlags.mask(id_ParameterName, id_ParameterBegin, id_ParameterEnd, id_Title,
+                              id_TitlePositionX, id_TitlePositionY, id_LegendText);
 };
 
 } // namespace Grafel

@@ -7,8 +7,6 @@ namespace Grafel {
 
 using Arbor::Token;
 
-GRAFEL_REGISTER_ELEMENT_CLASS(Scene2d);
-
 PlotElement* Scene2d::inheritingFrom(Token name) const {
     return detail::holding(pageStyle(tok_Scene2dStyle), name);
 }

@@ -25,7 +25,7 @@ protected:
     explicit Scene2d(Arbor::Document* document) : SceneBase(document) {}
     bool allowedContentChild(Arbor::Token tag) const override;
     int allowedOptionChildren() const override {
-        return HeaderFlag | FooterFlag | View2dFlag | CoordinateSystem2dStyleFlag;
+        return optionChildFlags.mask(id_Header, id_Footer, id_View2d, id_CoordinateSystem2dStyle);
     }
     int mandatoryOptionChildren() const override { return 0; }
 };

@@ -8,8 +8,6 @@ namespace Grafel {
 using Arbor::Node;
 using Arbor::Token;
 
-GRAFEL_REGISTER_ELEMENT_CLASS(Scene3d);
-
 PlotElement* Scene3d::inheritingFrom(Token name) const {
     return detail::holding(pageStyle(tok_Scene3dStyle), name);
 }

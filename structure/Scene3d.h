@@ -34,7 +34,7 @@ protected:
     explicit Scene3d(Arbor::Document* document) : SceneBase(document) {}
     bool allowedContentChild(Arbor::Token tag) const override;
     int allowedOptionChildren() const override {
-        return HeaderFlag | FooterFlag | View3dFlag | CoordinateSystem3dStyleFlag;
+        return optionChildFlags.mask(id_Header, id_Footer, id_View3d, id_CoordinateSystem3dStyle);
     }
     int mandatoryOptionChildren() const override { return 0; }
 

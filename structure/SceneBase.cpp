@@ -18,13 +18,7 @@ SceneBase& SceneBase::operator=(const SceneBase& other) {
 }
 
 int SceneBase::tagNameToOptionChildFlag(Token tag) const {
-    if (tag == tok_Header) return HeaderFlag;
-    if (tag == tok_Footer) return FooterFlag;
-    if (tag == tok_View2d) return View2dFlag;
-    if (tag == tok_View3d) return View3dFlag;
-    if (tag == tok_CoordinateSystem2dStyle) return CoordinateSystem2dStyleFlag;
-    if (tag == tok_CoordinateSystem3dStyle) return CoordinateSystem3dStyleFlag;
-    return 0;
+    return optionChildFlags.flagOf(tag);
 }
 
 PlotElement* SceneBase::pageStyle(Token styleTag) const {

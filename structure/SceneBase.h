@@ -4,6 +4,7 @@
 #pragma once
 
 #include <grafel/properties/LibraryElement.h>
+#include <grafel/properties/OptionChildTable.h>
 #include <grafel/structure/SceneStyleGetter.h>
 
 #include <vector>
@@ -47,15 +48,15 @@ protected:
     /// The page's style named `styleTag`: the first child of that name of the parent, or null.
     PlotElement* pageStyle(Arbor::Token styleTag) const;
 
-    /// The flags of tagNameToOptionChildFlag().
-    enum OptionChild : int {
-        HeaderFlag = 1,
-        FooterFlag = 2,
-        View2dFlag = 4,
-        View3dFlag = 8,
-        CoordinateSystem2dStyleFlag = 16,
-        CoordinateSystem3dStyleFlag = 32,
-    };
+    /// The option children of scenes of both dimensions.
+    static constexpr OptionChildTable optionChildFlags{{
+        {id_Header, 1},
+        {id_Footer, 2},
+        {id_View2d, 4},
+        {id_View3d, 8},
+        {id_CoordinateSystem2dStyle, 16},
+        {id_CoordinateSystem3dStyle, 32},
+    }};
 };
 
 } // namespace Grafel

@@ -9,7 +9,6 @@ using Arbor::Token;
 /// The definitions of a style declared with GRAFEL_SCENE_STYLE_CLASS that styles the scenes
 /// tagged Scene and takes its properties from the tables that follow, in this order.
 #define GRAFEL_DEFINE_SCENE_STYLE(Class, Scene, ...)                                               \
-    GRAFEL_REGISTER_ELEMENT_CLASS(Class);                                                          \
     Property* Class::propertyInfo(Token name) const {                                              \
         return findInTables<__VA_ARGS__>(name);                                                    \
     }                                                                                              \

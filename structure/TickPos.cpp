@@ -46,12 +46,6 @@ Node* TickPos::cloneNode(bool deep) const {
     return copy;
 }
 
-int TickPos::tagNameToOptionChildFlag(Token tag) const {
-    if (tag == tok_VExpr) return 1;
-    if (tag == tok_Title) return 2;
-    return 0;
-}
-
 void TickPos::putCmd(CmdOStream& out) {
     out.beginItem();
     if (PlotElement* value = PlotElement::from(findChild(tok_VExpr))) {

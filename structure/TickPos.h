@@ -2,6 +2,7 @@
 #pragma once
 
 #include <grafel/properties/ContentPlotElement.h>
+#include <grafel/properties/OptionChildTable.h>
 
 namespace Grafel {
 
@@ -26,11 +27,15 @@ protected:
     explicit TickPos(Arbor::Document* document);
 
     bool allowedContentChild(Arbor::Token) const override { return false; }
-    /// VExpr 1, Title 2.
-    int tagNameToOptionChildFlag(Arbor::Token tag) const override;
-    int allowedOptionChildren() const override { return 3; }
+    int tagNameToOptionChildFlag(Arbor::Token tag) const override {
+        return optionChildFlags.flagOf(tag);
+    }
+    int allowedOptionChildren() const override { return optionChildFlags.all(); }
     /// The VExpr: it may be exchanged for another, not taken away.
-    int mandatoryOptionChildren() const override { return 1; }
+    int mandatoryOptionChildren() const override { return optionChildFlags.mask(id_VExpr); }
+
+    /// The value and the label of a tick.
+    static constexpr OptionChildTable optionChildFlags{{{id_VExpr, 1}, {id_Title, 2}}};
 };
 
 } // namespace Grafel

@@ -3,6 +3,5 @@
 namespace Grafel {
 
 GRAFEL_DEFINE_MEMBER_PROPERTIES(TimeRange, GRAFEL_TIMERANGE_TABLE)
-GRAFEL_REGISTER_ELEMENT_CLASS(TimeRange);
 
 } // namespace Grafel

@@ -52,7 +52,7 @@ using String = Tessel::FixedStringBase<char>;
 class Gauge : public PlotElement {
 public:
     explicit Gauge(Arbor::Document* d) : PlotElement(d) {}
-    GRAFEL_ELEMENT_CLASS(Gauge)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(Gauge)
     GRAFEL_MEMBER_PROPERTIES(Gauge, GAUGE_TABLE)
 };
 GRAFEL_DEFINE_MEMBER_PROPERTIES(Gauge, GAUGE_TABLE)

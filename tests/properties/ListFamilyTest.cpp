@@ -68,7 +68,7 @@ private:
 class Lib : public InheritsFromStyles<LibraryElement> {
 public:
     explicit Lib(Arbor::Document* d) : InheritsFromStyles(d) {}
-    GRAFEL_ELEMENT_CLASS(Lib)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(Lib)
     GRAFEL_LIST_GETTERS(LIB_TABLE)
     Property* propertyInfo(Token name) const override {
         return LibPropertyListMgrInstance().find(name);
@@ -86,7 +86,7 @@ protected:
 class Sty : public InheritsFromStyles<StyleElement> {
 public:
     explicit Sty(Arbor::Document* d) : InheritsFromStyles(d) {}
-    GRAFEL_ELEMENT_CLASS(Sty)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(Sty)
     Property* propertyInfo(Token name) const override {
         return LibPropertyListMgrInstance().find(name);
     }

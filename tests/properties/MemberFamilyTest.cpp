@@ -18,6 +18,10 @@ using Arbor::Token;
 namespace Grafel {
 constexpr int id_Holder = id_Obj2d;
 constexpr int id_Shape = id_Arc2d;
+constexpr int id_AmbientLamp = id_AmbientLight;
+constexpr int id_PointLamp = id_PointLight;
+constexpr int id_DistantLamp = id_DistantLight;
+constexpr int id_FlatLamp = id_SpotLight;
 } // namespace Grafel
 
 namespace {
@@ -38,7 +42,7 @@ namespace {
 class Holder : public PlotElement {
 public:
     explicit Holder(Arbor::Document* d) : PlotElement(d) {}
-    GRAFEL_ELEMENT_CLASS(Holder)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(Holder)
     GRAFEL_MEMBER_PROPERTIES(Holder, HOLDER_TABLE)
 };
 GRAFEL_DEFINE_MEMBER_PROPERTIES(Holder, HOLDER_TABLE)
@@ -46,7 +50,7 @@ GRAFEL_DEFINE_MEMBER_PROPERTIES(Holder, HOLDER_TABLE)
 class Shape : public PlotElement {
 public:
     explicit Shape(Arbor::Document* d) : PlotElement(d) {}
-    GRAFEL_ELEMENT_CLASS(Shape)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(Shape)
     GRAFEL_MEMBER_PROPERTIES(Shape, SHAPE_TABLE)
 public:
     PlotElement* inheritingFrom(Token name) const override {
@@ -62,6 +66,56 @@ public:
     }
 };
 GRAFEL_DEFINE_MEMBER_PROPERTIES(Shape, SHAPE_TABLE)
+
+// Three tables, each extending the one before, as the lights do; FlatLamp holds the same rows
+// in one table, for the size. The lamps inherit from their parent.
+#define AMBIENT_TABLE(P)                                                                           \
+    P(Mandatory, DoubleProperty, LightIntensity, 1.0, 1.0)                                         \
+    P(Inherited, ColorProperty, LightColor, RGBA::Black, RGBA::White)
+#define POINT_TABLE(P)                                                                             \
+    P(Mandatory, P3Property, Position, (P3(1, 1, 1)), (P3(0, 10, 0)))                              \
+    P(Inherited, BoolProperty, CameraCoordinates, false, false)
+#define DISTANT_TABLE(P) P(Mandatory, P3Property, Target, (P3(0, 0, 0)), (P3(0, 0, 0)))
+
+class AmbientLamp : public PlotElement {
+public:
+    explicit AmbientLamp(Arbor::Document* d) : PlotElement(d) {}
+    GRAFEL_ELEMENT_CLASS_UNLISTED(AmbientLamp)
+    GRAFEL_MEMBER_PROPERTIES(AmbientLamp, AMBIENT_TABLE)
+public:
+    PlotElement* inheritingFrom(Token name) const override {
+        auto* up = dynamic_cast<PlotElement*>(parent_);
+        return up && up->hasAttribute(name) ? up : nullptr;
+    }
+    void getInheritanceChain(std::vector<PlotElement*>& chain) const override {
+        if (auto* up = dynamic_cast<PlotElement*>(parent_)) chain.push_back(up);
+    }
+};
+GRAFEL_DEFINE_MEMBER_PROPERTIES(AmbientLamp, AMBIENT_TABLE)
+
+class PointLamp : public AmbientLamp {
+public:
+    explicit PointLamp(Arbor::Document* d) : AmbientLamp(d) {}
+    GRAFEL_ELEMENT_CLASS_UNLISTED(PointLamp)
+    GRAFEL_MEMBER_PROPERTIES_EXTENDING(PointLamp, AmbientLamp, POINT_TABLE)
+};
+GRAFEL_DEFINE_MEMBER_PROPERTIES(PointLamp, POINT_TABLE)
+
+class DistantLamp : public PointLamp {
+public:
+    explicit DistantLamp(Arbor::Document* d) : PointLamp(d) {}
+    GRAFEL_ELEMENT_CLASS_UNLISTED(DistantLamp)
+    GRAFEL_MEMBER_PROPERTIES_EXTENDING(DistantLamp, PointLamp, DISTANT_TABLE)
+};
+GRAFEL_DEFINE_MEMBER_PROPERTIES(DistantLamp, DISTANT_TABLE)
+
+#define FLAT_TABLE(P) AMBIENT_TABLE(P) POINT_TABLE(P) DISTANT_TABLE(P)
+class FlatLamp : public PlotElement {
+public:
+    explicit FlatLamp(Arbor::Document* d) : PlotElement(d) {}
+    GRAFEL_ELEMENT_CLASS_UNLISTED(FlatLamp)
+    GRAFEL_MEMBER_PROPERTIES(FlatLamp, FLAT_TABLE)
+};
 
 } // namespace
 
@@ -134,4 +188,51 @@ TEST(MemberFamily, ChangesAboveFlowDownAndStopAtExplicitValues) {
     s.holder->setAttribute(tok_LineWidth, Arbor::DoubleVariant(4.0));
     EXPECT_EQ(s.shape->getLineWidth(), 5.0);
     EXPECT_EQ(s.events.heard.size(), 2u);
+}
+
+TEST(MemberFamily, ExtendedTablesShareOnePresenceWordAndFallThroughToTheBases) {
+    // One presence word, and no more room than the same rows in a single table.
+    EXPECT_EQ(sizeof(DistantLamp), sizeof(FlatLamp));
+    static_assert(DistantLamp::propertyCount == 5 && PointLamp::propertyCount == 4);
+    EXPECT_EQ(DistantLamp::presencePtr(),
+              static_cast<std::uint32_t DistantLamp::*>(AmbientLamp::presencePtr()));
+
+    ElementDocument doc;
+    Ref<DistantLamp> lamp = static_cast<DistantLamp*>(DistantLamp::create(&doc));
+    // The constructors of all three levels set their Mandatory bits: LightIntensity, Position
+    // and Target are bits 0, 2 and 4.
+    EXPECT_EQ(lamp.get()->*DistantLamp::presencePtr(), 0b10101u);
+    EXPECT_EQ(lamp->getLightColor(), RGBA::Black);
+    EXPECT_EQ(lamp->getPosition(), P3(1, 1, 1));
+    for (Token name :
+         {tok_LightIntensity, tok_LightColor, tok_Position, tok_CameraCoordinates, tok_Target})
+        EXPECT_NE(lamp->propertyInfo(name), nullptr) << name.text();
+    EXPECT_EQ(lamp->propertyInfo(tok_Radius), nullptr);
+
+    // Inherited rows of every level refresh when the lamp moves under another lamp.
+    Ref<PointLamp> up = static_cast<PointLamp*>(PointLamp::create(&doc));
+    up->setAttribute(tok_LightColor, RGBAVariant(RGBA(1, 2, 3, 4)));
+    up->setAttribute(tok_CameraCoordinates, Arbor::BoolVariant(true));
+    up->appendChild(lamp.get());
+    EXPECT_EQ(lamp->getLightColor(), RGBA(1, 2, 3, 4));
+    EXPECT_TRUE(lamp->getCameraCoordinates());
+    EXPECT_TRUE(lamp->hasProperty(tok_LightColor));
+    EXPECT_FALSE(lamp->hasAttribute(tok_LightColor));
+
+    // Values set on rows of the bases take their own bits in the one word, and are written
+    // with the lamp's own rows first, then each base's.
+    lamp->setAttribute(tok_LightColor, RGBAVariant(RGBA(255, 0, 0, 255)));
+    lamp->setAttributeString(tok_Position, "1 2 3");
+    lamp->setAttributeString(tok_LightIntensity, "0.5");
+    EXPECT_EQ(lamp->getLightIntensity(), 0.5);
+    EXPECT_EQ(lamp->getProperty(tok_Position), Arbor::Variant(P3Variant(P3(1, 2, 3))));
+    EXPECT_EQ(lamp.get()->*DistantLamp::presencePtr(), 0b10111u);
+    std::ostringstream xml;
+    lamp->putAttributesXml(xml);
+    std::ostringstream want;
+    want << " Target=\"" << P3(0, 0, 0) << "\" Position=\"" << P3(1, 2, 3)
+         << "\" LightIntensity=\"0.5\" LightColor=\"" << RGBA(255, 0, 0, 255) << "\"";
+    EXPECT_EQ(xml.str(), want.str());
+    lamp->removeAttribute(tok_LightColor);
+    EXPECT_EQ(lamp->getLightColor(), RGBA(1, 2, 3, 4));
 }

@@ -41,7 +41,7 @@ namespace {
 class FakeSystem : public PlotElement {
 public:
     explicit FakeSystem(Arbor::Document* d) : PlotElement(d) {}
-    GRAFEL_ELEMENT_CLASS(FakeSystem)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(FakeSystem)
     GRAFEL_MEMBER_PROPERTIES(FakeSystem, FAKE_SYSTEM_TABLE)
 };
 GRAFEL_DEFINE_MEMBER_PROPERTIES(FakeSystem, FAKE_SYSTEM_TABLE)
@@ -49,7 +49,7 @@ GRAFEL_DEFINE_MEMBER_PROPERTIES(FakeSystem, FAKE_SYSTEM_TABLE)
 class FakeScene : public PlotElement {
 public:
     explicit FakeScene(Arbor::Document* d) : PlotElement(d) {}
-    GRAFEL_ELEMENT_CLASS(FakeScene)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(FakeScene)
     GRAFEL_MEMBER_PROPERTIES(FakeScene, FAKE_SYSTEM_TABLE)
 };
 GRAFEL_DEFINE_MEMBER_PROPERTIES(FakeScene, FAKE_SYSTEM_TABLE)
@@ -57,7 +57,7 @@ GRAFEL_DEFINE_MEMBER_PROPERTIES(FakeScene, FAKE_SYSTEM_TABLE)
 class FakeTick : public PlotElement {
 public:
     explicit FakeTick(Arbor::Document* d) : PlotElement(d) {}
-    GRAFEL_ELEMENT_CLASS(FakeTick)
+    GRAFEL_ELEMENT_CLASS_UNLISTED(FakeTick)
     void putCmd(CmdOStream& out) override {
         out.beginItem();
         out << indexInParent();

@@ -355,7 +355,8 @@ missing_classes() { # FILE
     local tag missing=()
     for tag in $(grep -o '<[A-Z][A-Za-z0-9]*' "$1" | tr -d '<' | sort -u); do
         case $tag in P2 | P3) continue ;; esac
-        grep -rqsF "GRAFEL_REGISTER_ELEMENT_CLASS($tag)" \
+        # A class is declared with one of the GRAFEL_..._CLASS forms, which register it.
+        grep -rqsE "GRAFEL_[A-Z_]*CLASS(_COPIED)?\\($tag[,)]" \
             "$src"/{properties,document,structure,primitives,output,catalogue} ||
             missing+=("$tag")
     done
