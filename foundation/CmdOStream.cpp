@@ -1,5 +1,6 @@
 #include <grafel/foundation/CmdOStream.h>
 
+#include <grafel/foundation/NumberFormat.h>
 #include <grafel/foundation/Units.h>
 
 namespace Grafel {
@@ -14,7 +15,7 @@ void CmdOStream::beginItem() {
 }
 
 void CmdOStream::putSize(double mm) {
-    out_ << mm2units(units_, mm);
+    putNumber(out_, mm2units(units_, mm));
 }
 
 } // namespace Grafel

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <grafel/arbor/Token.h>
+#include <grafel/foundation/NumberFormat.h>
 
 #include <ostream>
+#include <type_traits>
 
 namespace Grafel {
 
@@ -33,8 +35,12 @@ public:
     /// A size held in millimetres, in the output unit.
     void putSize(double mm);
 
+    /// Numbers go through putNumber, like every other writer's.
     template <class T> CmdOStream& operator<<(const T& value) {
-        out_ << value;
+        if constexpr (std::is_floating_point_v<T>)
+            putNumber(out_, static_cast<double>(value));
+        else
+            out_ << value;
         return *this;
     }
 

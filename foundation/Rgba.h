@@ -74,6 +74,8 @@ inline constexpr RGBA RGBA::White{255, 255, 255, 255};
 /// The XML form: "#" and the red, green and blue pairs in lower case, then the alpha pair only
 /// when alpha is not 255. White reads "#ffffff".
 std::ostream& operator<<(std::ostream& out, RGBA colour);
+/// The XML form written at `first`, which has room for 9 characters; answers its end.
+char* formatColour(char* first, RGBA colour) noexcept;
 
 /// Writes the XML attribute form, as operator<<.
 std::ostream& putXmlValue(std::ostream& out, RGBA colour);
