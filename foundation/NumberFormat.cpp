@@ -29,22 +29,15 @@ int effectivePrecision(std::streamsize precision) {
     return precision > 1000 ? 1000 : static_cast<int>(precision);
 }
 
-/// The number of significant digits in the shortest text that reads back to `value`: the
-/// digits before any exponent, without leading and trailing zeros, and at least one.
+/// The number of significant digits in the shortest text that reads back to `value`. The
+/// scientific form holds just those digits, one before the point and the rest after it (the
+/// plain shortest form may be a fixed one that spells out a large integer in full).
 int shortestDigits(double value) {
     char text[maxNumberChars];
-    const char* end = std::to_chars(text, text + sizeof text, value).ptr;
+    const char* end =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::scientific).ptr;
     int digits = 0;
-    int zerosAfter = 0;
-    for (const char* c = text; c != end && *c != 'e'; ++c) {
-        if (*c < '0' || *c > '9') continue;
-        if (*c == '0') {
-            if (digits > 0) ++zerosAfter;
-            continue;
-        }
-        digits += zerosAfter + 1;
-        zerosAfter = 0;
-    }
+    for (const char* c = text; c != end && *c != 'e'; ++c) digits += *c >= '0' && *c <= '9';
     return std::max(digits, 1);
 }
 
