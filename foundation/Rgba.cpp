@@ -81,10 +81,7 @@ std::ostream& putXmlValue(std::ostream& out, RGBA colour) {
 
 std::ostream& putCmdValue(std::ostream& out, RGBA colour) {
     TextRun run(out);
-    run << '[' << colour.red() / 255.0 << ',' << colour.green() / 255.0 << ','
-        << colour.blue() / 255.0;
-    if (colour.alpha() < 255) run << ',' << colour.alpha() / 255.0;
-    run << ']';
+    putCmdForm(run, colour);
     run.flush();
     return out;
 }

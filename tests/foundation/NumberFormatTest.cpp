@@ -1,7 +1,9 @@
+#include <grafel/foundation/CmdOStream.h>
 #include <grafel/foundation/NumberFormat.h>
 #include <grafel/foundation/Points.h>
 #include <grafel/foundation/ScalarText.h>
 #include <grafel/foundation/TextRun.h>
+#include <grafel/foundation/Tokens.h>
 
 #include <gtest/gtest.h>
 
@@ -274,4 +276,24 @@ TEST(NumberFormat, ExactModeIsAStreamManipulator) {
     precise << ' ';
     putNumber(precise, 0.25);
     EXPECT_EQ(precise.str(), "0.6666666666666666 0.25");
+}
+
+// Command text collects what is written inside items; whatever goes straight to the stream
+// still lands in order, and all of it is there when the outermost item ends.
+TEST(NumberFormat, CommandStreamKeepsTheOrderOfDirectWrites) {
+    for (bool plain : {true, false}) {
+        std::ostringstream text;
+        if (!plain) text << std::showpoint;
+        CmdOStream out(text, tok_MM);
+        out << "plot(";
+        EXPECT_EQ(text.str(), "plot(");
+        out.beginItem();
+        out << tok_Width << '=' << 1.5;
+        putCmdValue(out.stream(), RGBA(255, 0, 0, 255));
+        out << ',';
+        out.putSize(2.0);
+        out.endItem();
+        EXPECT_EQ(text.str(), plain ? "plot(  Width=1.5[1,0,0],2"
+                                    : "plot(  Width=1.50000[1.00000,0.00000,0.00000],2.00000");
+    }
 }
