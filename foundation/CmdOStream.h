@@ -19,7 +19,8 @@ namespace Grafel {
 /// and handed to the stream in blocks (see TextRun); they reach the stream at the latest when
 /// the outermost item ends, when stream() is asked for, or when the CmdOStream goes. Whatever
 /// is written through stream() therefore lands in order, as long as that reference is not kept
-/// across writes through the CmdOStream.
+/// across writes through the CmdOStream. The stream's number format is read once, when the
+/// CmdOStream is made.
 class CmdOStream {
 public:
     CmdOStream(std::ostream& out, Arbor::Token units) : out_(out), units_(units), run_(out) {}

@@ -26,8 +26,8 @@ constexpr std::string_view help =
     R"(Usage: grafel convert [--to FORMAT] [-o FILE] [--precision N] [--drop-ids] INPUT
 
 Loads the plot document INPUT ("-" for standard input) and writes it out again.
-Numbers are written exactly: each with the fewest digits that read back to the same value,
-and never fewer than six.
+Numbers are written exactly: with six significant digits where these read back to the
+same value, and with as many more as it takes where they do not.
 
 Options:
   --to FORMAT        the form to write:
@@ -51,7 +51,7 @@ constexpr OptionSpec optionSpecs[] = {
     {"drop-ids", 0, false},
 };
 
-/// The most digits --precision takes; far beyond what any double holds.
+/// The most digits --precision takes; 17 already tell every double apart.
 constexpr int maxPrecision = 99;
 
 enum class Format { Zpx, Cmd, Replot };
