@@ -1,5 +1,7 @@
 #include <grafel/document/P2List.h>
 
+#include <grafel/foundation/TextRun.h>
+
 #include <algorithm>
 #include <ostream>
 
@@ -44,15 +46,17 @@ std::ostream& P2List::putXml(std::ostream& out) {
     putAttributesXml(out);
     out << '>';
     const P2* p = points_.data();
+    TextRun run(out);
     if (colored()) {
         const RGBA* c = colors_.data();
         const std::size_t n = std::min(points_.size(), colors_.size());
         for (std::size_t i = 0; i < n; ++i)
-            out << "<P2>" << p[i].x << ' ' << p[i].y << ' ' << c[i] << "</P2>";
+            run << "<P2>" << p[i].x << ' ' << p[i].y << ' ' << c[i] << "</P2>";
     } else {
         const std::size_t n = points_.size();
-        for (std::size_t i = 0; i < n; ++i) out << "<P2>" << p[i].x << ' ' << p[i].y << "</P2>";
+        for (std::size_t i = 0; i < n; ++i) run << "<P2>" << p[i].x << ' ' << p[i].y << "</P2>";
     }
+    run.flush();
     return out << "</" << tag << '>';
 }
 

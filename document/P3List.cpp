@@ -1,5 +1,7 @@
 #include <grafel/document/P3List.h>
 
+#include <grafel/foundation/TextRun.h>
+
 #include <algorithm>
 #include <ostream>
 
@@ -85,13 +87,15 @@ std::ostream& P3List::putXml(std::ostream& out) {
     const P3* normal = normals_.data();
     const RGBA* first = firstColors_.data();
     const RGBA* second = secondColors_.data();
+    TextRun run(out);
     for (std::size_t i = 0; i < n; ++i) {
-        out << "<P3>" << p[i].x << ' ' << p[i].y << ' ' << p[i].z;
-        if (withNormals) out << ' ' << normal[i].x << ' ' << normal[i].y << ' ' << normal[i].z;
-        if (colors >= 1) out << ' ' << first[i];
-        if (colors >= 2) out << ' ' << second[i];
-        out << "</P3>";
+        run << "<P3>" << p[i].x << ' ' << p[i].y << ' ' << p[i].z;
+        if (withNormals) run << ' ' << normal[i].x << ' ' << normal[i].y << ' ' << normal[i].z;
+        if (colors >= 1) run << ' ' << first[i];
+        if (colors >= 2) run << ' ' << second[i];
+        run << "</P3>";
     }
+    run.flush();
     return out << "</" << tag << '>';
 }
 

@@ -7,14 +7,14 @@ namespace Grafel {
 void CmdOStream::beginItem() {
     if (separator_) {
         separator_ = false;
-        out_ << ",\r\n";
+        run_ << ",\r\n";
     }
     ++depth_;
-    for (int i = 0; i < depth_; ++i) out_ << "  ";
+    for (int i = 0; i < depth_; ++i) run_ << "  ";
 }
 
 void CmdOStream::putSize(double mm) {
-    out_ << mm2units(units_, mm);
+    *this << mm2units(units_, mm);
 }
 
 } // namespace Grafel

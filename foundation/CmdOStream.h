@@ -3,20 +3,36 @@
 #pragma once
 
 #include <grafel/arbor/Token.h>
+#include <grafel/foundation/TextRun.h>
 
 #include <ostream>
+#include <string_view>
+#include <type_traits>
 
 namespace Grafel {
 
 /// A stream, the unit of sizes, a pending separator and the nesting depth. Each item is
 /// written between beginItem() and endItem(); items of one level are separated by "," and a
 /// line break, and indented by two blanks per level.
+///
+/// While an item is open, text, characters, tokens and numbers written through it are collected
+/// and handed to the stream in blocks (see TextRun); they reach the stream at the latest when
+/// the outermost item ends, when stream() is asked for, or when the CmdOStream goes. Whatever
+/// is written through stream() therefore lands in order, as long as that reference is not kept
+/// across writes through the CmdOStream. The stream's number format is read once, when the
+/// CmdOStream is made.
 class CmdOStream {
 public:
-    CmdOStream(std::ostream& out, Arbor::Token units) : out_(out), units_(units) {}
+    CmdOStream(std::ostream& out, Arbor::Token units) : out_(out), units_(units), run_(out) {}
+    CmdOStream(const CmdOStream&) = delete;
+    CmdOStream& operator=(const CmdOStream&) = delete;
 
-    std::ostream& stream() const { return out_; }
-    operator std::ostream&() const { return out_; }
+    /// The stream, with everything written so far handed to it.
+    std::ostream& stream() const {
+        run_.flush();
+        return out_;
+    }
+    operator std::ostream&() const { return stream(); }
     Arbor::Token units() const { return units_; }
     int depth() const { return depth_; }
     bool separatorPending() const { return separator_; }
@@ -27,14 +43,31 @@ public:
     void endItem() {
         --depth_;
         separator_ = true;
+        if (depth_ <= 0) run_.flush();
     }
     /// A carriage return and line feed.
-    void putNl() { out_ << "\r\n"; }
+    void putNl() { *this << "\r\n"; }
     /// A size held in millimetres, in the output unit.
     void putSize(double mm);
+    /// Hands what has been collected to the stream.
+    void flush() { run_.flush(); }
 
+    /// Numbers as putNumber writes them; texts, characters and tokens as they stand; anything
+    /// else through the stream's operator<<.
     template <class T> CmdOStream& operator<<(const T& value) {
-        out_ << value;
+        if constexpr (std::is_floating_point_v<T>) {
+            run_ << static_cast<double>(value);
+        } else if constexpr (std::is_same_v<T, char>) {
+            run_ << value;
+        } else if constexpr (std::is_same_v<T, Arbor::Token>) {
+            if (!value.isNull()) run_ << std::string_view(value.c_str());
+        } else if constexpr (std::is_convertible_v<const T&, std::string_view>) {
+            run_ << std::string_view(value);
+        } else {
+            run_.flush();
+            out_ << value;
+        }
+        if (depth_ <= 0) run_.flush();
         return *this;
     }
 
@@ -43,6 +76,7 @@ private:
     Arbor::Token units_;
     bool separator_ = false;
     int depth_ = 0;
+    mutable TextRun run_;
 };
 
 } // namespace Grafel

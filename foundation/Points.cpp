@@ -1,16 +1,24 @@
 #include <grafel/foundation/Points.h>
 
+#include <grafel/foundation/TextRun.h>
+
 #include <cstdio>
 #include <ostream>
 
 namespace Grafel {
 
 std::ostream& operator<<(std::ostream& out, const P2& p) {
-    return out << p.x << ' ' << p.y;
+    TextRun run(out);
+    run << p.x << ' ' << p.y;
+    run.flush();
+    return out;
 }
 
 std::ostream& operator<<(std::ostream& out, const P3& p) {
-    return out << p.x << ' ' << p.y << ' ' << p.z;
+    TextRun run(out);
+    run << p.x << ' ' << p.y << ' ' << p.z;
+    run.flush();
+    return out;
 }
 
 std::ostream& putXmlValue(std::ostream& out, const P2& p) {
@@ -22,11 +30,17 @@ std::ostream& putXmlValue(std::ostream& out, const P3& p) {
 }
 
 std::ostream& putCmdValue(std::ostream& out, const P2& p) {
-    return out << '[' << p.x << ',' << p.y << ']';
+    TextRun run(out);
+    run << '[' << p.x << ',' << p.y << ']';
+    run.flush();
+    return out;
 }
 
 std::ostream& putCmdValue(std::ostream& out, const P3& p) {
-    return out << '[' << p.x << ',' << p.y << ',' << p.z << ']';
+    TextRun run(out);
+    run << '[' << p.x << ',' << p.y << ',' << p.z << ']';
+    run.flush();
+    return out;
 }
 
 bool parseValue(const char* text, P2& out) {

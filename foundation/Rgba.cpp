@@ -1,5 +1,7 @@
 #include <grafel/foundation/Rgba.h>
 
+#include <grafel/foundation/TextRun.h>
+
 #include <ostream>
 
 namespace Grafel {
@@ -52,20 +54,23 @@ bool RGBA::parse(const wchar_t* text) noexcept {
     return parseText(text);
 }
 
-std::ostream& operator<<(std::ostream& out, RGBA colour) {
+char* formatColour(char* first, RGBA colour) noexcept {
     static constexpr char digits[] = "0123456789abcdef";
-    char text[10];
-    int n = 0;
-    text[n++] = '#';
     auto pair = [&](unsigned long byte) {
-        text[n++] = digits[byte >> 4];
-        text[n++] = digits[byte & 0xF];
+        *first++ = digits[byte >> 4];
+        *first++ = digits[byte & 0xF];
     };
+    *first++ = '#';
     pair(colour.red());
     pair(colour.green());
     pair(colour.blue());
     if (colour.alpha() != 255) pair(colour.alpha());
-    text[n] = 0;
+    return first;
+}
+
+std::ostream& operator<<(std::ostream& out, RGBA colour) {
+    char text[10];
+    *formatColour(text, colour) = 0;
     // One formatted write, so that a field width applies to the colour as a whole.
     return out << text;
 }
@@ -75,10 +80,10 @@ std::ostream& putXmlValue(std::ostream& out, RGBA colour) {
 }
 
 std::ostream& putCmdValue(std::ostream& out, RGBA colour) {
-    out << '[' << colour.red() / 255.0 << ',' << colour.green() / 255.0 << ','
-        << colour.blue() / 255.0;
-    if (colour.alpha() < 255) out << ',' << colour.alpha() / 255.0;
-    return out << ']';
+    TextRun run(out);
+    putCmdForm(run, colour);
+    run.flush();
+    return out;
 }
 
 } // namespace Grafel

@@ -74,12 +74,22 @@ inline constexpr RGBA RGBA::White{255, 255, 255, 255};
 /// The XML form: "#" and the red, green and blue pairs in lower case, then the alpha pair only
 /// when alpha is not 255. White reads "#ffffff".
 std::ostream& operator<<(std::ostream& out, RGBA colour);
+/// The XML form written at `first`, which has room for 9 characters; answers its end.
+char* formatColour(char* first, RGBA colour) noexcept;
 
 /// Writes the XML attribute form, as operator<<.
 std::ostream& putXmlValue(std::ostream& out, RGBA colour);
 /// Writes the command form: "[r,g,b]", or "[r,g,b,a]" when alpha is below 255, each component
 /// as its byte divided by 255.0 in the stream's default number format.
 std::ostream& putCmdValue(std::ostream& out, RGBA colour);
+/// The command form written to anything that takes characters and doubles with <<, such as a
+/// TextRun or a CmdOStream.
+template <class Out> Out& putCmdForm(Out& out, RGBA colour) {
+    out << '[' << colour.red() / 255.0 << ',' << colour.green() / 255.0 << ','
+        << colour.blue() / 255.0;
+    if (colour.alpha() < 255) out << ',' << colour.alpha() / 255.0;
+    return out << ']';
+}
 
 /// RGBA::parse in the shape of the other value readers.
 inline bool parseValue(const char* text, RGBA& out) noexcept {

@@ -1,6 +1,7 @@
 #include <grafel/foundation/ScalarText.h>
 
 #include <grafel/foundation/CmdString.h>
+#include <grafel/foundation/NumberFormat.h>
 #include <grafel/foundation/WideText.h>
 
 #include <cstdio>
@@ -63,7 +64,7 @@ bool parseValue(const char* text, Arbor::Token& out) {
 }
 
 std::ostream& putXmlValue(std::ostream& out, double value) {
-    return out << value;
+    return putNumber(out, value);
 }
 
 std::ostream& putXmlValue(std::ostream& out, long value) {
@@ -87,7 +88,7 @@ std::ostream& putXmlValue(std::ostream& out, const Tessel::FixedStringBase<wchar
 }
 
 std::ostream& putCmdValue(std::ostream& out, double value) {
-    return out << value;
+    return putNumber(out, value);
 }
 
 std::ostream& putCmdValue(std::ostream& out, long value) {

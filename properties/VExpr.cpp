@@ -1,6 +1,7 @@
 #include <grafel/properties/VExpr.h>
 
 #include <grafel/arbor/DomException.h>
+#include <grafel/foundation/NumberFormat.h>
 #include <grafel/properties/PropertyTypes.h>
 
 #include <cmath>
@@ -100,7 +101,10 @@ bool VExpr::afterAttributeChange(Arbor::Element* source, Token name) {
 }
 
 std::ostream& VExpr::putAttributesXml(std::ostream& out) {
-    if (!std::isnan(val_)) out << " Val=\"" << val_ << '"';
+    if (std::isnan(val_)) return out;
+    out << " Val=\"";
+    putNumber(out, val_);
+    out << '"';
     return out;
 }
 

@@ -8,6 +8,7 @@
 #include <grafel/foundation/WideText.h>
 
 #include <ostream>
+#include <type_traits>
 
 namespace Grafel {
 
@@ -44,9 +45,17 @@ template <class T> struct GenericPutXml {
     static void put(std::ostream& out, const T& value) { putXmlValue(out, value); }
 };
 
-/// Writes the command text of a value.
+/// Writes the command text of a value. Numbers and colours go through the CmdOStream, which
+/// collects them with the text around them; the other kinds are written to its stream.
 template <class T> struct GenericPutCmd {
-    static void put(CmdOStream& out, const T& value) { putCmdValue(out.stream(), value); }
+    static void put(CmdOStream& out, const T& value) {
+        if constexpr (std::is_same_v<T, double>)
+            out << value;
+        else if constexpr (std::is_same_v<T, RGBA>)
+            putCmdForm(out, value);
+        else
+            putCmdValue(out.stream(), value);
+    }
 };
 
 /// Writes a length held in millimetres in the stream's output unit.

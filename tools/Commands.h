@@ -9,7 +9,7 @@ namespace GrafelTool {
 
 using Words = std::span<const std::string_view>;
 
-/// grafel convert [--to FORMAT] [-o FILE] [--drop-ids] INPUT
+/// grafel convert [--to FORMAT] [-o FILE] [--precision N] [--drop-ids] INPUT
 int runConvert(Words args);
 /// grafel check INPUT...
 int runCheck(Words args);

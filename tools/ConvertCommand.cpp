@@ -4,14 +4,17 @@
 #include "Load.h"
 
 #include <grafel/document/PlotDocument.h>
+#include <grafel/foundation/NumberFormat.h>
 
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <exception>
 #include <iostream>
 #include <optional>
 #include <sstream>
+#include <string>
 
 namespace GrafelTool {
 
@@ -20,9 +23,11 @@ namespace {
 constexpr std::string_view command = "convert";
 
 constexpr std::string_view help =
-    R"(Usage: grafel convert [--to FORMAT] [-o FILE] [--drop-ids] INPUT
+    R"(Usage: grafel convert [--to FORMAT] [-o FILE] [--precision N] [--drop-ids] INPUT
 
 Loads the plot document INPUT ("-" for standard input) and writes it out again.
+Numbers are written exactly: with six significant digits where these read back to the
+same value, and with as many more as it takes where they do not.
 
 Options:
   --to FORMAT        the form to write:
@@ -30,6 +35,8 @@ Options:
                        cmd     command text that builds the plot
                        replot  command text that replots an existing plot
   -o, --output FILE  write to FILE instead of standard output
+  --precision N      write numbers with N significant digits (1 to 99), rounding
+                     where they have more; 6 gives the library's own default text
   --drop-ids         leave out the id of every element while loading
   -h, --help         show this help
 
@@ -40,8 +47,12 @@ Exit status: 0 written, 1 not loaded or not written, 2 wrong command line.
 constexpr OptionSpec optionSpecs[] = {
     {"to", 0, true},
     {"output", 'o', true},
+    {"precision", 0, true},
     {"drop-ids", 0, false},
 };
+
+/// The most digits --precision takes; 17 already tell every double apart.
+constexpr int maxPrecision = 99;
 
 enum class Format { Zpx, Cmd, Replot };
 
@@ -50,6 +61,16 @@ std::optional<Format> formatNamed(std::string_view name) {
     if (name == "cmd") return Format::Cmd;
     if (name == "replot") return Format::Replot;
     return std::nullopt;
+}
+
+/// The value of --precision: a whole number from 1 to maxPrecision.
+std::optional<int> precisionNamed(std::string_view text) {
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || value < 1 ||
+        value > maxPrecision)
+        return std::nullopt;
+    return value;
 }
 
 void render(Grafel::PlotDocument& document, Format format, std::ostream& out) {
@@ -101,6 +122,15 @@ int runConvert(Words args) {
             return usageError(command, "format '" + formatName + "' is not available yet");
         return usageError(command, "unknown format '" + formatName + "' (zpx, cmd, replot)");
     }
+    std::optional<int> precision;
+    if (parsed.has("precision")) {
+        const std::string text = parsed.value("precision", "");
+        precision = precisionNamed(text);
+        if (!precision)
+            return usageError(command, "invalid precision '" + text +
+                                           "' (a whole number from 1 to " +
+                                           std::to_string(maxPrecision) + ")");
+    }
     if (auto end = checkInputs(command, parsed, false)) return *end;
     const std::string& input = parsed.operands.front();
 
@@ -111,7 +141,12 @@ int runConvert(Words args) {
 
     // The whole text is made before the output is opened, so that nothing is left half
     // written, and a failed load leaves an existing output file alone.
+    // A conversion loses no digits unless asked to.
     std::ostringstream text;
+    if (precision)
+        text.precision(*precision);
+    else
+        text << Grafel::exactNumbers;
     try {
         render(document, *format, text);
     } catch (const std::exception& e) {

@@ -1,10 +1,14 @@
 #include "document/ZpxTestHelpers.h"
 
 #include <grafel/arbor/Text.h>
+#include <grafel/foundation/NumberFormat.h>
 #include <grafel/properties/ExprHolders.h>
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <charconv>
+#include <cmath>
 #include <cstring>
 #include <random>
 #include <sstream>
@@ -184,4 +188,44 @@ TEST_F(ZpxRoundTrip, ManyRandomPoints) {
     }
     text << "</Row2></Canvas>";
     roundTrip(text.str());
+}
+
+// Under exactNumbers every number, in attributes and in point lists, reads back bit for bit.
+TEST_F(ZpxRoundTrip, ExactNumbersKeepEveryBit) {
+    std::mt19937_64 random(5);
+    auto any = [&] {
+        for (;;) {
+            const double v = std::bit_cast<double>(random());
+            if (std::isfinite(v)) return v;
+        }
+    };
+    // The input in the shortest form that reads back exactly.
+    auto shortest = [](double v) {
+        char text[32];
+        return std::string(text, std::to_chars(text, text + sizeof text, v).ptr);
+    };
+    std::string text = "<Canvas Width=\"" + shortest(123456789.123) + "\">" +
+                       "<Obj2d Type=\"Curve2d\"><ParameterBegin Val=\"" + shortest(any()) +
+                       "\">a</ParameterBegin></Obj2d><Row1>";
+    for (int i = 0; i < 500; ++i)
+        text += "<P2>" + shortest(any()) + " " + shortest(any()) + "</P2>";
+    text += "</Row1><Row2>";
+    for (int i = 0; i < 500; ++i) {
+        text += "<P3>";
+        for (int k = 0; k < 6; ++k) text += shortest(any()) + " ";
+        text += "</P3>";
+    }
+    text += "</Row2></Canvas>";
+
+    PlotDocument first;
+    ASSERT_TRUE(load<TestHandler>(first, text)) << ::testing::PrintToString(messages());
+    std::ostringstream exact;
+    exact << exactNumbers;
+    first.putXml(exact);
+    EXPECT_TRUE(contains(exact.str(), " Width=\"123456789.123\"")) << exact.str().substr(0, 300);
+    PlotDocument second;
+    ASSERT_TRUE(load<TestHandler>(second, exact.str())) << ::testing::PrintToString(messages());
+    EXPECT_TRUE(sameTree(first.documentElement(), second.documentElement()));
+    // Without the mode the same document keeps six digits.
+    EXPECT_TRUE(contains(xml(first), " Width=\"1.23457e+08\""));
 }

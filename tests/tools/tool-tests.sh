@@ -106,6 +106,15 @@ group_usage() {
     expect_usage_error "output twice" "grafel convert" "option '--output' given twice"
     run "$work" convert "$examples/style-library.zpx" "$examples/style-library.zpx"
     expect_usage_error "convert two inputs" "grafel convert" "one INPUT only"
+    for value in x 0 100 -3 6.5 ""; do
+        run "$work" convert "--precision=$value" "$examples/style-library.zpx"
+        if [ -z "$value" ]; then
+            expect_usage_error "--precision=" "grafel convert" "option '--precision' needs a value"
+        else
+            expect_usage_error "--precision $value" "grafel convert" \
+                "invalid precision '$value' \(a whole number from 1 to 99\)"
+        fi
+    done
     run "$work" convert --to pdf "$examples/style-library.zpx"
     expect_usage_error "unknown format" "grafel convert" "unknown format 'pdf'"
     for format in jvx jvd; do
@@ -177,6 +186,26 @@ group_convert() {
     expect_rc "--to replot" 0
     head -1 "$work/out" | tr -d '\r' | grep -qx 'plot::replot(' ||
         fail "--to replot: first line $(head -1 "$work/out")"
+
+    # Numbers keep every digit by default, in both forms; --precision N rounds them to N
+    # significant digits as the library's default stream does with 6.
+    local point='<P2>0.1 0.30000000000000004</P2><P2>3.141592653589793 -2.5e-07</P2>'
+    run "$data" convert numbers.zpx
+    expect_rc "exact numbers" 0
+    grep -qF ' Width="123456789.123" ' "$work/out" || fail "exact numbers: $(cat "$work/out")"
+    grep -qF "$point" "$work/out" || fail "exact points: $(cat "$work/out")"
+    cp "$work/out" "$work/exact.zpx"
+    run "$work" convert exact.zpx
+    expect_same "exact numbers read back to the same text" "$work/exact.zpx" "$work/out"
+    run "$data" convert --to cmd numbers.zpx
+    tr -d '\r' <"$work/out" | grep -qx '    Width=123456789.123,' || fail "exact command text"
+    run "$data" convert --precision 6 numbers.zpx
+    expect_rc "--precision 6" 0
+    grep -qF ' Width="1.23457e+08" ' "$work/out" || fail "--precision 6: $(cat "$work/out")"
+    grep -qF '<P2>0.1 0.3</P2><P2>3.14159 -2.5e-07</P2>' "$work/out" ||
+        fail "--precision 6 points: $(cat "$work/out")"
+    run "$data" convert --precision=3 --to cmd numbers.zpx
+    tr -d '\r' <"$work/out" | grep -qx '    Width=1.23e+08,' || fail "--precision 3 command text"
 
     # --drop-ids: the id reaches command text, unless it was dropped while loading.
     run "$data" convert --to cmd ids.zpx
