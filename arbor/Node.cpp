@@ -1,6 +1,7 @@
 #include <grafel/arbor/Node.h>
 
 #include <grafel/arbor/Document.h>
+#include <grafel/arbor/DocumentFragment.h>
 #include <grafel/arbor/DomException.h>
 #include <grafel/arbor/Element.h>
 
@@ -103,6 +104,14 @@ void checkNewChild(Node* parent, Node* child) {
         throw DomException(DomException::HierarchyRequestErr);
 }
 
+/// `node` as an inner node, or null. Elements and fragments say so through their own casts,
+/// which cost far less than a dynamic_cast on a deep element class; that stays for the rest.
+InnerNode* asInnerNode(Node* node) {
+    if (Element* e = node->asElement()) return e;
+    if (DocumentFragment* f = node->asFragment()) return f;
+    return dynamic_cast<InnerNode*>(node);
+}
+
 } // namespace
 
 void Node::replaceChildren(Node* first, unsigned count, Node* newFirst) {
@@ -144,7 +153,7 @@ void Node::replaceChildren(Node* first, unsigned count, Node* newFirst) {
         for (Node* n = first; n != afterRun; n = n->next_) elements -= n->nodeType() == ElementNode;
         if (elements > 1) throw DomException(DomException::HierarchyRequestErr);
     }
-    auto* self = dynamic_cast<InnerNode*>(this);
+    InnerNode* self = asInnerNode(this);
     if (!self && (count || newFirst)) throw DomException(DomException::HierarchyRequestErr);
     if (!mayReplaceChildren(first, count, newFirst))
         throw DomException(DomException::HierarchyRequestErr);

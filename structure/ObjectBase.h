@@ -6,6 +6,7 @@
 #include <grafel/foundation/Rgba.h>
 #include <grafel/properties/LibraryElement.h>
 #include <grafel/structure/ObjectStyleGetter.h>
+#include <grafel/structure/StyleSequence.h>
 
 #include <vector>
 
@@ -79,6 +80,10 @@ protected:
     static constexpr int commonOptionChildren = ParameterNameFlag | ParameterBeginFlag |
                                                 ParameterEndFlag | TitleFlag | TitlePositionXFlag |
                                                 TitlePositionYFlag | LegendTextFlag;
+
+private:
+    /// The styles above, as the style walk meets them; the reads ask these instead of walking.
+    StyleSequence styles_;
 };
 
 } // namespace Grafel
