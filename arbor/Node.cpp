@@ -168,11 +168,18 @@ void Node::replaceChildren(Node* first, unsigned count, Node* newFirst) {
     std::vector<Ref<Node>> removed;
     removed.reserve(count);
     for (Node* n = first; n != afterRun; n = n->next_) removed.emplace_back(n);
-    std::vector<Ref<Node>> inserted;
-    for (Node* n = newFirst; n; n = n->next_) inserted.emplace_back(n);
 
     Document* doc = document_;
-    if (doc && doc->recordingUndo()) {
+    const bool recording = doc && doc->recordingUndo();
+    // One node put in without an undo record, the usual case, is held without a vector.
+    Ref<Node> lone;
+    std::vector<Ref<Node>> inserted;
+    if (newFirst && !newFirst->next_ && !recording)
+        lone = newFirst;
+    else
+        for (Node* n = newFirst; n; n = n->next_) inserted.emplace_back(n);
+
+    if (recording) {
         // Children taken from a fragment leave it: that is a change of its own, undone after
         // (and redone before) the insertion.
         if (newFirst && newFirst->parent_)
@@ -184,8 +191,13 @@ void Node::replaceChildren(Node* first, unsigned count, Node* newFirst) {
     replaceChildrenRaw(first, count, newFirst);
     for (auto& n : removed) n->afterParentChanged();
     for (auto& n : inserted) n->afterParentChanged();
-    afterReplaceChildren(inserted.empty() ? nullptr : inserted.front().get(),
-                         unsigned(inserted.size()));
+    if (lone) {
+        lone->afterParentChanged();
+        afterReplaceChildren(lone.get(), 1);
+    } else {
+        afterReplaceChildren(inserted.empty() ? nullptr : inserted.front().get(),
+                             unsigned(inserted.size()));
+    }
 }
 
 namespace {

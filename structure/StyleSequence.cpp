@@ -26,12 +26,12 @@ void StyleSequence::collect(const PlotElement* object) const {
     stamp_ = document ? document->changeCount() : 0;
 }
 
-Token StyleSequence::typeOf(const Entry& entry) {
-    return entry.typed ? entry.type : entry.style->getType();
+Token StyleSequence::missingType(const Entry& entry) {
+    return entry.style->getType();
 }
 
-Token StyleSequence::ownType() const {
-    return typed_ ? type_ : static_cast<const ObjectBase*>(object_)->getType();
+Token StyleSequence::missingOwnType() const {
+    return static_cast<const ObjectBase*>(object_)->getType();
 }
 
 ObjStyle* StyleSequence::find(Token attribute, const Arbor::Variant** value) const {

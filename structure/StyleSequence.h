@@ -37,7 +37,7 @@ public:
     }
 
     /// The object's Type; reports and throws as the object's getType() when it has none.
-    Arbor::Token ownType() const;
+    Arbor::Token ownType() const { return typed_ ? type_ : missingOwnType(); }
     /// As ObjStyle::findStyle(object, type, attribute, value) with the object's own type.
     ObjStyle* find(Arbor::Token attribute, const Arbor::Variant** value = nullptr) const;
     /// As ObjStyle::getInheritanceChain with the object's own type, then with Default.
@@ -50,7 +50,11 @@ private:
         bool typed; // false: the style has no Type, and asking it reports and throws
     };
     /// Type of `entry`, asked of the style itself when it has none (which throws).
-    static Arbor::Token typeOf(const Entry& entry);
+    static Arbor::Token typeOf(const Entry& entry) {
+        return entry.typed ? entry.type : missingType(entry);
+    }
+    static Arbor::Token missingType(const Entry& entry);
+    Arbor::Token missingOwnType() const;
     void collect(const PlotElement* object) const;
 
     mutable std::uint64_t stamp_ = 0;
