@@ -15,7 +15,9 @@ namespace Grafel {
 /// A plot object. A style value is never copied into it: an absent value is looked up at each
 /// read, first among the ObjStyle elements of its own Type from its parent's level up to the
 /// root, then among those of type Default, and is otherwise the default of the object's own
-/// descriptor. Reading an inherited value, or writing the command form, needs Type: without
+/// descriptor. The styles that this lookup can meet are kept (StyleSequence) until the document
+/// next changes, so that a read does not walk the tree; their values are still read from the
+/// styles themselves. Reading an inherited value, or writing the command form, needs Type: without
 /// it the read reports "mandatory property 'Type' missing" and throws DomException 15.
 ///
 /// getNextAnimationTime is still LibraryElement's, which only asks the children; the object's
