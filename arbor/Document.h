@@ -7,6 +7,7 @@
 #include <grafel/arbor/InnerNode.h>
 #include <grafel/arbor/Variant.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -34,6 +35,10 @@ class Range;
 /// the subtree, afterParentChanged on moved nodes), inside one batch. A new change forgets
 /// what could be redone. clearUndoStack() forgets everything and stops recording until the
 /// next newUndoTask().
+///
+/// Changes. changeCount() grows with every change of the tree or of an attribute of any of its
+/// nodes, by whatever path (guarded, raw, replayed, or a subtree being released), so that a
+/// value derived from the tree may be kept for as long as the count stays the same.
 class Document : public InnerNode {
 public:
     ~Document() override;
@@ -91,6 +96,12 @@ public:
     /// Whether guarded changes are being recorded now.
     bool recordingUndo() const;
 
+    /// Grows with every change (see above); never 0, so 0 can stand for "never valid".
+    std::uint64_t changeCount() const { return changeCount_; }
+    /// Counts a change made behind the kernel's back: a raw store of a value that the kernel
+    /// cannot see (the raw child and attribute operations of the kernel count their own).
+    void noteChange() { ++changeCount_; }
+
     /// Depth of open batches.
     int batchDepth() const;
     /// The namespace written on the document element by putXml (empty: none).
@@ -128,6 +139,7 @@ private:
     bool observed(Token type) const;
 
     std::unique_ptr<State> state_;
+    std::uint64_t changeCount_ = 1;
 };
 
 } // namespace Arbor

@@ -20,9 +20,11 @@ public:
         Element* e = element_.get();
         if (forUndo ? hadOld_ : hasNew_) {
             e->setAttributeRaw(name_, forUndo ? old_ : new_);
+            if (Document* d = e->ownerDocument()) d->noteChange();
             e->walkAfterSet(e, name_);
         } else {
             e->removeAttributeRaw(name_);
+            if (Document* d = e->ownerDocument()) d->noteChange();
             e->walkAfterRemove(e, name_);
         }
     }

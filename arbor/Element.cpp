@@ -60,6 +60,7 @@ void Element::setAttribute(Token name, const Variant& value) {
                                    value);
     }
     setAttributeRaw(name, value);
+    if (document_) document_->noteChange();
     walkAfterSet(this, name);
 }
 
@@ -73,6 +74,7 @@ void Element::removeAttribute(Token name) {
                                    Variant());
     }
     removeAttributeRaw(name);
+    if (document_) document_->noteChange();
     walkAfterRemove(this, name);
 }
 

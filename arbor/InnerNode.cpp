@@ -10,8 +10,10 @@ InnerNode::~InnerNode() {
 
 void InnerNode::releaseChildren() {
     Node* n = first_;
+    if (!n) return; // also keeps a dying document from counting into its own destroyed part
     first_ = last_ = nullptr;
     count_ = 0;
+    if (document_) document_->noteChange();
     while (n) {
         Node* next = n->next_;
         n->parent_ = n->prev_ = n->next_ = nullptr;
@@ -82,6 +84,7 @@ void InnerNode::replaceChildrenRaw(Node* first, unsigned count, Node* newFirst) 
         last_ = linkLast;
 
     if (ranges) doc->adjustRanges(this, index, removedLast ? first : nullptr, count, inserted);
+    if (doc) doc->noteChange();
 
     // The references of this node on the removed children go last, when all links are sound.
     for (Node* n = removedLast ? first : nullptr; n;) {

@@ -1,6 +1,7 @@
 #include <grafel/arbor/Node.h>
 
 #include <grafel/arbor/Document.h>
+#include <grafel/arbor/DocumentFragment.h>
 #include <grafel/arbor/DomException.h>
 #include <grafel/arbor/Element.h>
 
@@ -103,6 +104,14 @@ void checkNewChild(Node* parent, Node* child) {
         throw DomException(DomException::HierarchyRequestErr);
 }
 
+/// `node` as an inner node, or null. Elements and fragments say so through their own casts,
+/// which cost far less than a dynamic_cast on a deep element class; that stays for the rest.
+InnerNode* asInnerNode(Node* node) {
+    if (Element* e = node->asElement()) return e;
+    if (DocumentFragment* f = node->asFragment()) return f;
+    return dynamic_cast<InnerNode*>(node);
+}
+
 } // namespace
 
 void Node::replaceChildren(Node* first, unsigned count, Node* newFirst) {
@@ -144,7 +153,7 @@ void Node::replaceChildren(Node* first, unsigned count, Node* newFirst) {
         for (Node* n = first; n != afterRun; n = n->next_) elements -= n->nodeType() == ElementNode;
         if (elements > 1) throw DomException(DomException::HierarchyRequestErr);
     }
-    auto* self = dynamic_cast<InnerNode*>(this);
+    InnerNode* self = asInnerNode(this);
     if (!self && (count || newFirst)) throw DomException(DomException::HierarchyRequestErr);
     if (!mayReplaceChildren(first, count, newFirst))
         throw DomException(DomException::HierarchyRequestErr);
@@ -159,11 +168,18 @@ void Node::replaceChildren(Node* first, unsigned count, Node* newFirst) {
     std::vector<Ref<Node>> removed;
     removed.reserve(count);
     for (Node* n = first; n != afterRun; n = n->next_) removed.emplace_back(n);
-    std::vector<Ref<Node>> inserted;
-    for (Node* n = newFirst; n; n = n->next_) inserted.emplace_back(n);
 
     Document* doc = document_;
-    if (doc && doc->recordingUndo()) {
+    const bool recording = doc && doc->recordingUndo();
+    // One node put in without an undo record, the usual case, is held without a vector.
+    Ref<Node> lone;
+    std::vector<Ref<Node>> inserted;
+    if (newFirst && !newFirst->next_ && !recording)
+        lone = newFirst;
+    else
+        for (Node* n = newFirst; n; n = n->next_) inserted.emplace_back(n);
+
+    if (recording) {
         // Children taken from a fragment leave it: that is a change of its own, undone after
         // (and redone before) the insertion.
         if (newFirst && newFirst->parent_)
@@ -175,8 +191,13 @@ void Node::replaceChildren(Node* first, unsigned count, Node* newFirst) {
     replaceChildrenRaw(first, count, newFirst);
     for (auto& n : removed) n->afterParentChanged();
     for (auto& n : inserted) n->afterParentChanged();
-    afterReplaceChildren(inserted.empty() ? nullptr : inserted.front().get(),
-                         unsigned(inserted.size()));
+    if (lone) {
+        lone->afterParentChanged();
+        afterReplaceChildren(lone.get(), 1);
+    } else {
+        afterReplaceChildren(inserted.empty() ? nullptr : inserted.front().get(),
+                             unsigned(inserted.size()));
+    }
 }
 
 namespace {

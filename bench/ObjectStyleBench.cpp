@@ -9,6 +9,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <ctime>
+
 using namespace Grafel;
 using Arbor::Ref;
 using Arbor::Token;
@@ -93,5 +95,42 @@ void GetPropertyFromTypeStyle(benchmark::State& state) {
     }
 }
 BENCHMARK(GetPropertyFromTypeStyle);
+
+// Processor time of this process: the machine is shared, and the ratio should not depend on
+// what else runs.
+double cpuSeconds() {
+    return double(std::clock()) / CLOCKS_PER_SEC;
+}
+
+// The same reads as StoredOnObject and FromTypeStyleThreeLevelsUp, in turns within each
+// iteration, so that both see the same machine state. The counter "ratio" is the inherited
+// read's time over the own read's.
+void InheritedOverOwnRatio(benchmark::State& state) {
+    Tree t(tok_Function2d);
+    t.style->setAttribute(tok_LineWidth, Arbor::DoubleVariant(2.0));
+    Obj2d* own = t.stored.get();
+    Obj2d* inherited = t.object.get();
+    constexpr int reads = 200000;
+    double ownTime = 0, inheritedTime = 0;
+    for (auto _ : state) {
+        const double t0 = cpuSeconds();
+        for (int k = 0; k < reads; ++k) {
+            benchmark::DoNotOptimize(own);
+            double v = own->getLineWidth();
+            benchmark::DoNotOptimize(v);
+        }
+        const double t1 = cpuSeconds();
+        for (int k = 0; k < reads; ++k) {
+            benchmark::DoNotOptimize(inherited);
+            double v = inherited->getLineWidth();
+            benchmark::DoNotOptimize(v);
+        }
+        const double t2 = cpuSeconds();
+        ownTime += t1 - t0;
+        inheritedTime += t2 - t1;
+    }
+    state.counters["ratio"] = inheritedTime / ownTime;
+}
+BENCHMARK(InheritedOverOwnRatio)->Unit(benchmark::kMillisecond)->Iterations(20);
 
 } // namespace

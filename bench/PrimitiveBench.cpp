@@ -11,6 +11,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <ctime>
 #include <memory>
 #include <vector>
 
@@ -92,6 +93,35 @@ void CreateArcsWithoutTree(benchmark::State& state) {
     perArc(state);
 }
 BENCHMARK(CreateArcsWithoutTree)->Unit(benchmark::kMillisecond);
+
+// Processor time of this process: the machine is shared, and the ratio should not depend on
+// what else runs.
+double cpuSeconds() {
+    return double(std::clock()) / CLOCKS_PER_SEC;
+}
+
+// InsertArcsUnderOneImage and CreateArcsWithoutTree in turns within each iteration, so that
+// both see the same machine state. The counter "ratio" is the time of making and inserting an
+// arc over the time of making it alone.
+void InsertOverCreateRatio(benchmark::State& state) {
+    double createTime = 0, insertTime = 0;
+    for (auto _ : state) {
+        PlotDocument doc;
+        std::vector<Ref<PlotElement>> kept;
+        kept.reserve(arcs);
+        auto plot = std::make_unique<Plot>();
+        const double t0 = cpuSeconds();
+        for (long k = 0; k < arcs; ++k) kept.emplace_back(doc.createPlotElement(tok_Arc2d));
+        const double t1 = cpuSeconds();
+        for (long k = 0; k < arcs; ++k)
+            plot->image->appendChild(plot->doc.createPlotElement(tok_Arc2d));
+        const double t2 = cpuSeconds();
+        createTime += t1 - t0;
+        insertTime += t2 - t1;
+    }
+    state.counters["ratio"] = insertTime / createTime;
+}
+BENCHMARK(InsertOverCreateRatio)->Unit(benchmark::kMillisecond)->Iterations(10);
 
 void TypedGetterOnArc(benchmark::State& state) {
     Plot plot;

@@ -1,5 +1,6 @@
 #include <grafel/properties/AttributeListElement.h>
 
+#include <grafel/arbor/Document.h>
 #include <grafel/arbor/DomException.h>
 #include <grafel/properties/Property.h>
 
@@ -51,17 +52,32 @@ Variant AttributeListElement::getProperty(Token name) const {
     return propertyRef(name);
 }
 
+// The raw stores count their change themselves: they are also reached without the kernel's
+// guarded operations (copies, readers), and what is derived from the tree must hear of them.
 void AttributeListElement::setAttributeRaw(Token name, const Variant& value) {
     auto it = attributes_.begin() + (lowerBound(name) - attributes_.cbegin());
     if (it != attributes_.end() && it->name == name)
         it->value = value;
     else
         attributes_.insert(it, AttributeValue{name, value});
+    noteChange();
 }
 
 void AttributeListElement::removeAttributeRaw(Token name) {
     auto it = lowerBound(name);
     if (it != attributes_.end() && it->name == name) attributes_.erase(it);
+    noteChange();
+}
+
+AttributeListElement& AttributeListElement::operator=(const AttributeListElement& other) {
+    OptionedPlotElement::operator=(other);
+    attributes_ = other.attributes_;
+    noteChange();
+    return *this;
+}
+
+void AttributeListElement::noteChange() const {
+    if (document_) document_->noteChange();
 }
 
 void AttributeListElement::setProperty(Token name, const Variant& value) {
@@ -115,6 +131,7 @@ std::ostream& AttributeListElement::putAttributesXml(std::ostream& out) {
 
 void AttributeListElement::copyAttributes(AttributeListElement* other) const {
     other->attributes_ = attributes_;
+    other->noteChange();
 }
 
 } // namespace Grafel

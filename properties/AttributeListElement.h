@@ -57,6 +57,8 @@ public:
     const AttributeListElement* listElement_() const { return this; }
 
     AttributeListElement(const AttributeListElement& other) = default;
+    /// Takes the other's records; counts as a change of the document.
+    AttributeListElement& operator=(const AttributeListElement& other);
 
 protected:
     explicit AttributeListElement(Arbor::Document* document) : OptionedPlotElement(document) {}
@@ -78,6 +80,8 @@ private:
         return v.is<VariantType>() ? v : defaultRef(name);
     }
     const Arbor::Variant& defaultRef(Arbor::Token name) const;
+    /// Counts a change of the records in the document.
+    void noteChange() const;
 
     std::vector<AttributeValue> attributes_;
 };

@@ -3,6 +3,7 @@
 // the effective value, so that a typed getter is one load.
 #pragma once
 
+#include <grafel/properties/AttributeListElement.h>
 #include <grafel/properties/ListProperty.h>
 
 #include <cstdint>
@@ -33,6 +34,13 @@ public:
             member = this->defaultTyped_;
             if constexpr (K == Kind::Inherited) {
                 for (PlotElement* candidate : chain) {
+                    // A list element's record is read in place, without a copy.
+                    if (const AttributeListElement* list = candidate->asAttributeList()) {
+                        const Arbor::Variant* v = list->findAttribute(name_);
+                        if (!v) continue;
+                        if (v->is<VariantType>()) member = Trait::fromVariant(*v);
+                        break;
+                    }
                     if (!candidate->hasAttribute(name_)) continue;
                     const Arbor::Variant v = candidate->getAttribute(name_);
                     if (v.is<VariantType>()) member = Trait::fromVariant(v);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstddef>
 #include <iosfwd>
 #include <mutex>
 #include <utility>
@@ -35,8 +36,12 @@ public:
     /// The descriptor of `name`, or null.
     Property* find(Arbor::Token name) {
         ensureFilled();
-        auto it = lowerBound(name);
-        return it != entries_.end() && it->first == name ? it->second : nullptr;
+        // Open addressing over a table at most half full: the slot of the name, or the first
+        // empty one after it, comes within a probe or two.
+        for (std::size_t i = slotOf(name);; i = (i + 1) & mask_) {
+            const Entry& e = slots_[i];
+            if (e.first == name || e.first.isNull()) return e.first == name ? e.second : nullptr;
+        }
     }
     /// Writes the attributes the element holds, in entry order.
     void putAttributesXml(std::ostream& out, PlotElement* element);
@@ -71,9 +76,20 @@ private:
         return std::lower_bound(entries_.begin(), entries_.end(), name,
                                 [](const Entry& e, Arbor::Token t) { return e.first > t; });
     }
+    /// The home slot of a name in slots_.
+    std::size_t slotOf(Arbor::Token name) const {
+        return std::size_t((name.word() >> 3) * 0x9E3779B97F4A7C15ull >> shift_) & mask_;
+    }
+    /// Builds slots_ from the filled entries.
+    void buildSlots();
 
     std::atomic<int> state_{0}; // 0 not filled, 1 being filled, 2 filled
     std::vector<Entry> entries_;
+    // The entries again, hashed by token word; a null name marks an empty slot. One empty slot
+    // stands ready before the table fills, so that a lookup while it fills finds nothing.
+    std::vector<Entry> slots_ = std::vector<Entry>(1);
+    std::size_t mask_ = 0;
+    unsigned shift_ = 63;
 };
 
 } // namespace Grafel

@@ -2,6 +2,7 @@
 
 #include <grafel/properties/ElementClass.h>
 #include <grafel/properties/Property.h>
+#include <grafel/structure/detail/StyleWalk.h>
 
 namespace Grafel {
 
@@ -10,12 +11,6 @@ using Arbor::Token;
 
 namespace {
 
-/// Whether the styles among the children of `level` count: a transform holds none.
-bool holdsStyles(const Node* level) {
-    const Token name = level->nodeName();
-    return name != tok_Transform2d && name != tok_Transform3d;
-}
-
 /// The value of Type of an element of the object family: the record when there is one, else
 /// what getType() does without it, which is to report and throw. The record is a token: the
 /// descriptor's check admits nothing else.
@@ -23,32 +18,6 @@ template <class E> Token typeOf(const E* element) {
     if (const Arbor::Variant* v = element->findAttribute(tok_Type))
         return static_cast<const Arbor::TokenVariant*>(v)->val();
     return element->getType();
-}
-
-/// Calls `visit` with each ObjStyle among the children of the levels from the parent of
-/// `start` up, nearest level first and in document order, until it answers true; answers that
-/// style, or null. Transforms are passed over.
-template <class Visit> ObjStyle* walkStyles(Node* start, Visit visit) {
-    const Token styleTag = tok_ObjStyle;
-    // The child a level is reached from is `start`, which is not examined, or an ancestor of
-    // it, which has children and so is no style: it is passed over unasked.
-    for (Node *from = start, *level = start->parentNode(); level;
-         from = level, level = level->parentNode()) {
-        bool levelChecked = false;
-        for (Node* n = level->firstChild(); n; n = n->nextSibling()) {
-            // The tag ObjStyle belongs to this class (a document makes elements by tag from the
-            // class registry), so on the read path the tag test stands in for a dynamic_cast.
-            if (n == from || n->nodeName() != styleTag) continue;
-            // Most levels hold no style, so the level's own tag is only asked on a find.
-            if (!levelChecked) {
-                if (!holdsStyles(level)) break;
-                levelChecked = true;
-            }
-            ObjStyle* style = static_cast<ObjStyle*>(n);
-            if (visit(style)) return style;
-        }
-    }
-    return nullptr;
 }
 
 } // namespace
@@ -77,13 +46,13 @@ Property* ObjStyle::propertyInfo(Token name) const {
 }
 
 ObjStyle* ObjStyle::findInherited(Node* start, Token type, Token attribute) {
-    return walkStyles(start, [type, attribute](ObjStyle* style) {
+    return detail::walkStyles(start, [type, attribute](ObjStyle* style) {
         return typeOf(style) == type && style->findAttribute(attribute);
     });
 }
 
 void ObjStyle::getInheritanceChain(Node* start, Token type, std::vector<PlotElement*>& chain) {
-    walkStyles(start, [type, &chain](ObjStyle* style) {
+    detail::walkStyles(start, [type, &chain](ObjStyle* style) {
         if (typeOf(style) == type) chain.push_back(style);
         return false;
     });
@@ -96,7 +65,7 @@ ObjStyle* ObjStyle::findStyle(Node* start, Token type, Token attribute,
     ObjStyle* fallback = nullptr;
     const Arbor::Variant* fallbackValue = nullptr;
     const Arbor::Variant* found = nullptr;
-    ObjStyle* style = walkStyles(start, [&](ObjStyle* s) {
+    ObjStyle* style = detail::walkStyles(start, [&](ObjStyle* s) {
         const Token t = typeOf(s);
         if (t == type) return (found = s->findAttribute(attribute)) != nullptr;
         if (t == tok_Default && !fallback)

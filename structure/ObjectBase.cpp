@@ -13,19 +13,6 @@ namespace Grafel {
 using Arbor::Node;
 using Arbor::Token;
 
-namespace {
-
-/// The value of Type: the record when there is one, else what getType() does without it,
-/// which is to report and throw. The record is a token: the descriptor's check admits nothing
-/// else. Saves the general resolution on the read path of every inherited value.
-Token typeOf(const ObjectBase* object) {
-    if (const Arbor::Variant* v = object->findAttribute(tok_Type))
-        return static_cast<const Arbor::TokenVariant*>(v)->val();
-    return object->getType();
-}
-
-} // namespace
-
 ObjectBase::ObjectBase(Arbor::Document* document)
     : LibraryElement(document), ObjectStyleGetter(this) {}
 
@@ -37,8 +24,7 @@ ObjectBase& ObjectBase::operator=(const ObjectBase& other) {
 }
 
 PlotElement* ObjectBase::inheritingFrom(Token name) const {
-    // The object itself is the start, so that the styles beside it are the first level.
-    return ObjStyle::findStyle(const_cast<ObjectBase*>(this), typeOf(this), name);
+    return styles_.of(this).find(name);
 }
 
 const Arbor::Variant& ObjectBase::propertyRef(Token name) const {
@@ -48,15 +34,12 @@ const Arbor::Variant& ObjectBase::propertyRef(Token name) const {
     if (!p || !p->isInherited()) return LibraryElement::propertyRef(name);
     // The style found holds the value, and the walk has its record already.
     const Arbor::Variant* inherited;
-    if (ObjStyle::findStyle(const_cast<ObjectBase*>(this), typeOf(this), name, &inherited))
-        return *inherited;
+    if (styles_.of(this).find(name, &inherited)) return *inherited;
     return p->defaultRef();
 }
 
 void ObjectBase::getInheritanceChain(std::vector<PlotElement*>& chain) const {
-    Node* start = const_cast<ObjectBase*>(this);
-    ObjStyle::getInheritanceChain(start, typeOf(this), chain);
-    ObjStyle::getInheritanceChain(start, tok_Default, chain);
+    styles_.of(this).appendChain(chain);
 }
 
 bool ObjectBase::getLegendColor(RGBA& out) const {

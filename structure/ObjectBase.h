@@ -7,6 +7,7 @@
 #include <grafel/properties/LibraryElement.h>
 #include <grafel/properties/OptionChildTable.h>
 #include <grafel/structure/ObjectStyleGetter.h>
+#include <grafel/structure/StyleSequence.h>
 
 #include <vector>
 
@@ -15,7 +16,9 @@ namespace Grafel {
 /// A plot object. A style value is never copied into it: an absent value is looked up at each
 /// read, first among the ObjStyle elements of its own Type from its parent's level up to the
 /// root, then among those of type Default, and is otherwise the default of the object's own
-/// descriptor. Reading an inherited value, or writing the command form, needs Type: without
+/// descriptor. The styles that this lookup can meet are kept (StyleSequence) until the document
+/// next changes, so that a read does not walk the tree; their values are still read from the
+/// styles themselves. Reading an inherited value, or writing the command form, needs Type: without
 /// it the read reports "mandatory property 'Type' missing" and throws DomException 15.
 class ObjectBase : public LibraryElement, public ObjectStyleGetter {
 public:
@@ -80,9 +83,19 @@ protected:
         {id_TextOrientation, 4096},
     }};
     /// The option children both dimensions admit.
+<<<<<<< HEAD
     static constexpr int commonOptionChildren =
         optionChildFlags.mask(id_ParameterName, id_ParameterBegin, id_ParameterEnd, id_Title,
                               id_TitlePositionX, id_TitlePositionY, id_LegendText);
+=======
+    static constexpr int commonOptionChildren = ParameterNameFlag | ParameterBeginFlag |
+                                                ParameterEndFlag | TitleFlag | TitlePositionXFlag |
+                                                TitlePositionYFlag | LegendTextFlag;
+
+private:
+    /// The styles above, as the style walk meets them; the reads ask these instead of walking.
+    StyleSequence styles_;
+>>>>>>> h-d
 };
 
 } // namespace Grafel

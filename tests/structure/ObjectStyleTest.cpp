@@ -13,6 +13,7 @@
 
 #include <cmath>
 #include <cstdarg>
+#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -444,4 +445,185 @@ TEST(ObjectElements, Copies) {
     EXPECT_TRUE(typeCopy->getType().isNull());
     EXPECT_TRUE(typeCopy->hasAttribute(tok_Type));
     EXPECT_NE(typeCopy->firstChild(), nullptr);
+}
+namespace {
+
+// A read's answer: its value, or that it reported and threw.
+struct Answer {
+    bool threw = false;
+    Arbor::Variant value;
+    bool operator==(const Answer& o) const { return threw == o.threw && value == o.value; }
+};
+
+template <class Read> Answer answer(Read read) {
+    try {
+        return {false, read()};
+    } catch (const DomException&) {
+        return {true, {}};
+    }
+}
+
+// The element whose record answers an object's read by the plain walks of ObjStyle: the object
+// itself, a style, or null for the default. Throws as those walks do.
+AttributeListElement* plainSource(ObjectBase* o, Token name) {
+    if (o->findAttribute(name)) return o;
+    ObjStyle* s = ObjStyle::findInherited(o, o->getType(), name);
+    return s ? s : ObjStyle::findInherited(o, tok_Default, name);
+}
+
+Answer plainValue(ObjectBase* o, Token name) {
+    return answer([&] {
+        AttributeListElement* from = plainSource(o, name);
+        return from ? *from->findAttribute(name) : o->propertyInfo(name)->defaultValue();
+    });
+}
+
+std::vector<PlotElement*> plainChain(ObjectBase* o) {
+    std::vector<PlotElement*> chain;
+    try {
+        ObjStyle::getInheritanceChain(o, o->getType(), chain);
+        ObjStyle::getInheritanceChain(o, tok_Default, chain);
+    } catch (const DomException&) {
+        chain.push_back(nullptr);
+    }
+    return chain;
+}
+
+} // namespace
+
+// Random edits of every kind that can change where an object's value comes from, each followed
+// by reads of every object, compared with the plain walks; and primitives, right after they are
+// put in again, compared with the same.
+TEST(ObjectStyle, ReadsFollowEveryKindOfEdit) {
+    Doc d;
+    std::mt19937 random(11);
+    auto pick = [&](auto& pool) -> decltype(pool[0].get()) {
+        return pool[random() % pool.size()].get();
+    };
+    const Token types[] = {tok_Function2d, tok_Curve2d, tok_Default};
+    const Token names[] = {tok_LineWidth, tok_Filled, tok_LineStyle};
+    auto value = [&](Token name) -> Arbor::Variant {
+        if (name == tok_LineWidth) return Arbor::DoubleVariant(0.25 * double(1 + random() % 3));
+        if (name == tok_Filled) return Arbor::BoolVariant(random() % 2 != 0);
+        return Arbor::TokenVariant(random() % 2 ? tok_Dashed : tok_Dotted);
+    };
+
+    Ref<Level> canvas = d.level(&d.doc, tok_Canvas);
+    std::vector<Ref<Level>> levels{canvas};
+    for (Token tag : {tok_Scene2d, tok_Group2d, tok_Group2d, tok_Transform2d, tok_Group2d})
+        levels.push_back(d.level(pick(levels), tag));
+    std::vector<Ref<ObjStyle>> styles;
+    std::vector<Ref<Obj2d>> objects;
+    std::vector<Ref<PlotElement>> arcs;
+    for (int k = 0; k < 6; ++k) styles.push_back(d.style(pick(levels), types[k % 3]));
+    for (int k = 0; k < 5; ++k) {
+        objects.push_back(d.object(pick(levels), types[k % 2], "o"));
+        Node* image = objects.back()->appendChild(d.doc.createPlotElement(tok_Img2d));
+        arcs.push_back(
+            static_cast<PlotElement*>(image->appendChild(d.doc.createPlotElement(tok_Arc2d))));
+    }
+    // Values everywhere, so that most reads are answered by some style.
+    for (auto& s : styles)
+        for (Token name : names)
+            if (random() % 2) s->setAttribute(name, value(name));
+
+    auto member = [&]() -> AttributeListElement* {
+        return random() % 3 ? static_cast<AttributeListElement*>(pick(styles)) : pick(objects);
+    };
+    auto place = [&](Node* node) {
+        Level* to = pick(levels);
+        if (node->contains(to)) return;
+        Node* before = random() % 2 ? to->firstChild() : nullptr;
+        to->insertBefore(node, before);
+    };
+    d.doc.newUndoTask();
+    for (int step = 0; step < 3000; ++step) {
+        const Token name = names[random() % 3];
+        try {
+            switch (random() % 11) {
+            case 0:
+                member()->setAttribute(name, value(name));
+                break;
+            case 1: {
+                AttributeListElement* e = member();
+                if (e->hasAttribute(name)) e->removeAttribute(name);
+                break;
+            }
+            case 2:
+                d.doc.undo();
+                break;
+            case 3:
+                d.doc.redo();
+                break;
+            case 4:
+                place(random() % 2 ? static_cast<Node*>(pick(styles)) : pick(objects));
+                break;
+            case 5: { // a level with all below it, when it does not go under itself
+                Level* l = levels[1 + random() % (levels.size() - 1)].get();
+                place(l);
+                break;
+            }
+            case 6: { // out of the tree, for a while
+                Node* n = random() % 2 ? static_cast<Node*>(pick(styles)) : pick(objects);
+                if (n->parentNode()) n->parentNode()->removeChild(n);
+                break;
+            }
+            case 7:
+                member()->setAttribute(tok_Type, Arbor::TokenVariant(types[random() % 3]));
+                break;
+            case 8: // a style without Type makes every walk that meets it report and throw
+                if (random() % 4 == 0) {
+                    Ref<ObjStyle> s = static_cast<ObjStyle*>(d.doc.createPlotElement(tok_ObjStyle));
+                    pick(levels)->appendChild(s.get());
+                    styles.push_back(s);
+                } else {
+                    styles.push_back(d.style(pick(levels), types[random() % 3]));
+                }
+                break;
+            case 9: { // a style goes for good
+                if (styles.size() < 3) break;
+                const size_t k = random() % styles.size();
+                if (Node* parent = styles[k]->parentNode()) parent->removeChild(styles[k].get());
+                styles.erase(styles.begin() + long(k));
+                break;
+            }
+            case 10:
+                member()->setProperty(name, value(name));
+                break;
+            }
+        } catch (const DomException&) {
+            // refused, or a walk met a style without Type: the reads below say the same
+        }
+        if (random() % 5 == 0) d.doc.newUndoTask();
+
+        for (auto& o : objects) {
+            for (Token n : names) {
+                const Answer read = answer([&] { return o->getProperty(n); });
+                ASSERT_TRUE(read == plainValue(o.get(), n)) << "step " << step;
+            }
+            std::vector<PlotElement*> chain;
+            try {
+                o->getInheritanceChain(chain);
+            } catch (const DomException&) {
+                chain.push_back(nullptr);
+            }
+            ASSERT_EQ(chain, plainChain(o.get())) << "step " << step;
+        }
+        // A primitive takes its values when it is put in; then it agrees with its object.
+        PlotElement* arc = pick(arcs);
+        Ref<Node> image = arc->parentNode();
+        auto* object = static_cast<Obj2d*>(image->parentNode());
+        try {
+            image->appendChild(arc);
+        } catch (const DomException&) {
+            continue; // an object or style without Type: the refresh reported and threw
+        }
+        for (Token n : names) {
+            AttributeListElement* from = plainSource(object, n);
+            const Arbor::Variant expected =
+                from ? *from->findAttribute(n) : arc->propertyInfo(n)->defaultValue();
+            ASSERT_TRUE(arc->getProperty(n) == expected) << "step " << step;
+        }
+    }
+    reports.clear();
 }
