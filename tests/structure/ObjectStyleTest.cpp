@@ -446,6 +446,7 @@ TEST(ObjectElements, Copies) {
     EXPECT_TRUE(typeCopy->hasAttribute(tok_Type));
     EXPECT_NE(typeCopy->firstChild(), nullptr);
 }
+
 namespace {
 
 // A read's answer: its value, or that it reported and threw.
