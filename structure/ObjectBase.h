@@ -83,19 +83,13 @@ protected:
         {id_TextOrientation, 4096},
     }};
     /// The option children both dimensions admit.
-<<<<<<< HEAD
     static constexpr int commonOptionChildren =
         optionChildFlags.mask(id_ParameterName, id_ParameterBegin, id_ParameterEnd, id_Title,
                               id_TitlePositionX, id_TitlePositionY, id_LegendText);
-=======
-    static constexpr int commonOptionChildren = ParameterNameFlag | ParameterBeginFlag |
-                                                ParameterEndFlag | TitleFlag | TitlePositionXFlag |
-                                                TitlePositionYFlag | LegendTextFlag;
 
 private:
     /// The styles above, as the style walk meets them; the reads ask these instead of walking.
     StyleSequence styles_;
->>>>>>> h-d
 };
 
 } // namespace Grafel
