@@ -2,9 +2,10 @@
 // every element of the same tree once; and stepping through all moments of the animation for
 // two sizes of the plot, which should cost in proportion to the size.
 //
-// The plot: transforms with ten objects each, every object with its own span over the whole
-// time range and ten images spread over it, so that all objects change at the same ten
-// moments and the number of moments does not grow with the plot.
+// The plot: transforms with ten objects each, every object and every transform with its own span
+// over the whole time range and ten frames spread over it (images for an object, maps for a
+// transform), so that everything changes at the same ten moments and the number of moments does
+// not grow with the plot. 10,000 objects stand in 1,000 transforms.
 #include <grafel/document/PlotDocument.h>
 #include <grafel/foundation/ValueVariants.h>
 #include <grafel/properties/PlotElement.h>
@@ -22,6 +23,7 @@ namespace {
 constexpr double timeEnd = 100.0;
 constexpr int imagesPerObject = 10;
 constexpr int objectsPerTransform = 10;
+constexpr int framesPerTransform = 10;
 
 struct AnimatedPlot {
     PlotDocument doc;
@@ -39,6 +41,11 @@ struct AnimatedPlot {
         for (int t = 0; t < objects / objectsPerTransform; ++t) {
             Ref<PlotElement> transform = make(tok_Transform2d, tok_Rotate2d);
             animate(transform.get());
+            for (int i = 0; i < framesPerTransform; ++i) {
+                Ref<PlotElement> frame = make(tok_Tr2d);
+                setDouble(frame.get(), tok_Param, double(i) / framesPerTransform);
+                transform->appendChild(frame.get());
+            }
             for (int o = 0; o < objectsPerTransform; ++o) {
                 Ref<PlotElement> object = make(tok_Obj2d, tok_Curve2d);
                 animate(object.get());
@@ -78,7 +85,8 @@ long plainWalk(Arbor::Node* node) {
     long count = 0;
     for (Arbor::Node* n = node->firstChild(); n; n = n->nextSibling()) {
         if (PlotElement* e = PlotElement::from(n)) {
-            count += e->tagName() == tok_Img2d;
+            const Token tag = e->tagName();
+            count += tag == tok_Img2d || tag == tok_Tr2d;
             count += plainWalk(n) + 1;
         }
     }

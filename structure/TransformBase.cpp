@@ -86,17 +86,7 @@ bool TransformBase::getParameterRange(double& begin, double& end) const {
 }
 
 int TransformBase::tagNameToOptionChildFlag(Token tag) const {
-    static const struct {
-        const Token& tag;
-        int flag;
-    } flags[] = {
-        {tok_ParameterName, ParameterNameFlag}, {tok_ParameterBegin, ParameterBeginFlag},
-        {tok_ParameterEnd, ParameterEndFlag},   {tok_Matrix2d, Matrix2dFlag},
-        {tok_Matrix3d, Matrix3dFlag},
-    };
-    for (const auto& f : flags)
-        if (f.tag == tag) return f.flag;
-    return 0;
+    return optionChildFlags.flagOf(tag);
 }
 
 } // namespace Grafel

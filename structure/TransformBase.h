@@ -5,6 +5,7 @@
 #include <grafel/properties/ConstrainedTypes.h>
 #include <grafel/properties/ContentPlotElement.h>
 #include <grafel/properties/MemberTable.h>
+#include <grafel/properties/OptionChildTable.h>
 #include <grafel/structure/NestingLevel.h>
 
 #include <vector>
@@ -61,15 +62,17 @@ protected:
     /// The option children of both dimensions; what a class admits is its allowedOptionChildren.
     int tagNameToOptionChildFlag(Arbor::Token tag) const override;
 
-    enum OptionChild : int {
-        ParameterNameFlag = 1,
-        ParameterBeginFlag = 2,
-        ParameterEndFlag = 4,
-        Matrix2dFlag = 8,
-        Matrix3dFlag = 16,
-    };
+    /// The option children of transforms of both dimensions.
+    static constexpr OptionChildTable optionChildFlags{{
+        {id_ParameterName, 1},
+        {id_ParameterBegin, 2},
+        {id_ParameterEnd, 4},
+        {id_Matrix2d, 8},
+        {id_Matrix3d, 16},
+    }};
+    /// The option children both dimensions admit.
     static constexpr int parameterOptions =
-        ParameterNameFlag | ParameterBeginFlag | ParameterEndFlag;
+        optionChildFlags.mask(id_ParameterName, id_ParameterBegin, id_ParameterEnd);
 
     PlotElement* levelElement() override { return this; }
     void refreshOwn() override;

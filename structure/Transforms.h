@@ -14,7 +14,9 @@ class Transform2d : public TransformBase {
 protected:
     explicit Transform2d(Arbor::Document* document) : TransformBase(document) {}
     bool allowedContentChild(Arbor::Token tag) const override;
-    int allowedOptionChildren() const override { return parameterOptions | Matrix2dFlag; }
+    int allowedOptionChildren() const override {
+        return parameterOptions | optionChildFlags.mask(id_Matrix2d);
+    }
     int mandatoryOptionChildren() const override { return 0; }
 };
 
@@ -28,7 +30,9 @@ protected:
     explicit Transform3d(Arbor::Document* document) : TransformBase(document) {}
     bool allowedContentChild(Arbor::Node* child) const override;
     bool allowedContentChild(Arbor::Token tag) const override;
-    int allowedOptionChildren() const override { return parameterOptions | Matrix3dFlag; }
+    int allowedOptionChildren() const override {
+        return parameterOptions | optionChildFlags.mask(id_Matrix3d);
+    }
     int mandatoryOptionChildren() const override { return 0; }
 };
 

@@ -3,6 +3,7 @@
 
 #include <grafel/arbor/DomException.h>
 #include <grafel/primitives/ImgBase.h>
+#include <grafel/structure/TrBase.h>
 
 #include <gtest/gtest.h>
 
@@ -17,11 +18,12 @@ namespace {
 
 constexpr double inf = std::numeric_limits<double>::infinity();
 
-/// An Obj2d of type Function2d with the given attributes, parameter range and images; a NaN
-/// bound leaves that bound out.
-std::string object(const std::string& attributes, double paramBegin, double paramEnd,
-                   const std::vector<double>& params) {
-    std::string text = "<Obj2d Type=\"Function2d\" " + attributes + ">";
+/// An element `open` (a start tag without its ">") with the given attributes, parameter range
+/// and frames `frame` (Img2d or Tr2d), then `inside`; a NaN bound or Param leaves it out.
+std::string animated(const std::string& open, const std::string& frame,
+                     const std::string& attributes, double paramBegin, double paramEnd,
+                     const std::vector<double>& params, const std::string& inside = "") {
+    std::string text = open + " " + attributes + ">";
     auto bound = [&text](const char* tag, double v) {
         if (std::isnan(v)) return;
         text += std::string("<") + tag + " Val=\"" + std::to_string(v) + "\">x</" + tag + ">";
@@ -29,9 +31,24 @@ std::string object(const std::string& attributes, double paramBegin, double para
     bound("ParameterBegin", paramBegin);
     bound("ParameterEnd", paramEnd);
     for (double p : params)
-        text += std::isnan(p) ? std::string("<Img2d/>")
-                              : "<Img2d Param=\"" + std::to_string(p) + "\"/>";
-    return text + "</Obj2d>";
+        text += std::isnan(p) ? "<" + frame + "/>"
+                              : "<" + frame + " Param=\"" + std::to_string(p) + "\"/>";
+    const std::string tag = open.substr(1, open.find(' ') - 1);
+    return text + inside + "</" + tag + ">";
+}
+
+/// An Obj2d of type Function2d with images.
+std::string object(const std::string& attributes, double paramBegin, double paramEnd,
+                   const std::vector<double>& params) {
+    return animated("<Obj2d Type=\"Function2d\"", "Img2d", attributes, paramBegin, paramEnd,
+                    params);
+}
+
+/// A Transform2d of type Rotate2d with frames, holding `inside`.
+std::string transform(const std::string& attributes, double paramBegin, double paramEnd,
+                      const std::vector<double>& params, const std::string& inside) {
+    return animated("<Transform2d Type=\"Rotate2d\"", "Tr2d", attributes, paramBegin, paramEnd,
+                    params, inside);
 }
 
 /// A page with `range` (a TimeRange element, or nothing) and `objects` in one coordinate system.
@@ -123,6 +140,24 @@ TEST(AnimationTime, NextTimeOfEachCase) {
         {"a NaN range ends nowhere",
          page("<TimeRange TimeBegin=\"0\" TimeEnd=\"NaN\"/>", evenFrames),
          {{0, false, nan}, {10, true, 5}}},
+        {"a transform's frames count as an object's images do",
+         page(range0to10, transform("TimeBegin=\"0\" TimeEnd=\"10\"", 0, 1, {0.2, 0.6}, "")),
+         {{0, false, 2}, {2, false, 6}, {6, false, 10}, {10, true, 6}, {6, true, 2}}},
+        {"a frame without Param ends the frames; the objects inside still count",
+         page(range0to10, transform("TimeBegin=\"0\" TimeEnd=\"10\"", 0, 1, {0.2, nan, 0.6},
+                                    object("TimeBegin=\"0\" TimeEnd=\"10\"", 0, 1, {0.7}))),
+         {{0, false, 2}, {2, false, 7}, {7, false, 10}, {10, true, 7}, {7, true, 2}}},
+        {"infinite Params lie beyond either end",
+         page(range0to10, transform("TimeBegin=\"0\" TimeEnd=\"10\"", 0, 1, {-inf, 0.5, inf}, "")),
+         {{0, false, 5}, {5, false, 10}, {10, true, 5}, {5, true, 0}}},
+        {"past a transform's span the objects inside are not asked",
+         page(range0to10, transform("TimeBegin=\"0\" TimeEnd=\"4\"", 0, 1, {},
+                                    object("TimeBegin=\"6\" TimeEnd=\"10\"", 0, 1, {0.5}))),
+         {{5, false, 10}, {3, false, 8}}},
+        {"a transform without a parameter range asks nothing inside",
+         page(range0to10, transform("TimeBegin=\"0\" TimeEnd=\"10\"", 0, nan, {0.5},
+                                    object("TimeBegin=\"0\" TimeEnd=\"10\"", 0, 1, {0.7}))),
+         {{0, false, 10}}},
         {"the span from the styles of the object's type",
          "<Canvas version=\"1\">" + range0to10 +
              "<ObjStyle Type=\"Default\" TimeEnd=\"2\"/>"
@@ -171,4 +206,26 @@ TEST(AnimationTime, AnEmptyParameterRangeIsNotKept) {
     end->setAttribute(tok_Val, Arbor::DoubleVariant(3));
     EXPECT_EQ(doc.getNextAnimationTime(0, false), 6.0);
     EXPECT_EQ(static_cast<ImgBase*>(find(&doc, tok_Img2d))->getTime(), 6.0);
+}
+
+TEST(AnimationTime, AFrameKeepsItsTimeUntilItChangesOrMoves) {
+    PlotDocument doc;
+    ASSERT_TRUE(ZpxTest::load(
+        doc, page(range0to10, transform("TimeBegin=\"0\" TimeEnd=\"10\"", 0, 1, {0.5}, ""))));
+    auto* frame = static_cast<TrBase*>(find(&doc, tok_Tr2d));
+    PlotElement* end = find(&doc, tok_ParameterEnd);
+    EXPECT_EQ(frame->getTime(), 5.0);
+    // The transform's range changes under a kept time: the frame does not hear of it.
+    end->setAttribute(tok_Val, Arbor::DoubleVariant(2));
+    EXPECT_EQ(frame->getTime(), 5.0);
+    // Its own change clears it, and the time is found on the new range.
+    frame->setAttribute(tok_Param, Arbor::DoubleVariant(1.5));
+    EXPECT_EQ(frame->getTime(), 7.5);
+    EXPECT_EQ(doc.getNextAnimationTime(0, false), 7.5);
+    // Out of its transform a frame has no time; a NaN Param has none anywhere.
+    Arbor::Ref<Arbor::Node> kept = frame->parentNode()->removeChild(frame);
+    EXPECT_TRUE(std::isnan(frame->getTime()));
+    find(&doc, tok_Transform2d)->appendChild(frame);
+    frame->setAttribute(tok_Param, Arbor::DoubleVariant(NaN()));
+    EXPECT_TRUE(std::isnan(frame->getTime()));
 }

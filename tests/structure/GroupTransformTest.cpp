@@ -4,6 +4,7 @@
 #include <grafel/document/PlotDocument.h>
 #include <grafel/foundation/ValueVariants.h>
 #include <grafel/structure/Groups.h>
+#include <grafel/structure/TransformFrames.h>
 #include <grafel/structure/Transforms.h>
 
 #include "document/ZpxTestHelpers.h"
@@ -11,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <sstream>
 #include <streambuf>
 #include <string>
@@ -134,7 +136,7 @@ TEST(GroupTransform, CommandTextAndXml) {
     ASSERT_TRUE(ZpxTest::load(p.doc, R"(<Canvas version="1"><Scene2d><CoordinateSystem2d>
         <Group2d id="g" Name="group" Consistent="1" Visible="0">
           <Transform2d Type="Scale2d" id="t" Consistent="1" Frames="2">
-            <Expr Opt="ScaleX">2</Expr><Matrix2d/>
+            <Expr Opt="ScaleX">2</Expr><Matrix2d/><Tr2d Param="0.5" Row2="3 4"/>
             <Obj2d Type="Point2d"/>
           </Transform2d>
         </Group2d></CoordinateSystem2d></Scene2d></Canvas>)"));
@@ -155,9 +157,36 @@ TEST(GroupTransform, CommandTextAndXml) {
     const std::string xml = ZpxTest::xml(p.doc);
     EXPECT_NE(xml.find("<Group2d Visible=\"0\" Name=\"group\" Consistent=\"1\"><Transform2d "
                        "Type=\"Scale2d\" Frames=\"2\" Consistent=\"1\"><Expr Opt=\"ScaleX\">2</"
-                       "Expr><Obj2d Type=\"Point2d\"></Obj2d></Transform2d></Group2d>"),
+                       "Expr><Tr2d Row2=\"3 4\" Param=\"0.5\"></Tr2d><Obj2d "
+                       "Type=\"Point2d\"></Obj2d></Transform2d></Group2d>"),
               std::string::npos)
         << xml;
+}
+
+// The frames write no command text (above); here what they are and where they may stand.
+TEST(GroupTransform, FramesAreIdentityMapsOfTheirOwnDimension) {
+    Plot p(true);
+    Ref<PlotElement> transform = p.add(p.system.get(), tok_Transform3d, tok_Rotate3d);
+    Ref<PlotElement> frame = p.add(transform.get(), tok_Tr3d);
+    const auto* tr3 = static_cast<Tr3d*>(frame.get());
+    EXPECT_EQ(tr3->getShift(), P3(0, 0, 0));
+    EXPECT_EQ(tr3->getRow1(), P3(1, 0, 0));
+    EXPECT_EQ(tr3->getRow2(), P3(0, 1, 0));
+    EXPECT_EQ(tr3->getRow3(), P3(0, 0, 1));
+    EXPECT_TRUE(std::isnan(tr3->getParam()));
+    Ref<PlotElement> flat = p.make(tok_Tr2d);
+    const auto* tr2 = static_cast<Tr2d*>(flat.get());
+    EXPECT_EQ(tr2->getShift(), P2(0, 0));
+    EXPECT_EQ(tr2->getRow1(), P2(1, 0));
+    EXPECT_EQ(tr2->getRow2(), P2(0, 1));
+
+    EXPECT_TRUE(refused(transform.get(), flat.get()));
+    Ref<PlotElement> plane = p.make(tok_Transform2d, tok_Rotate2d);
+    EXPECT_TRUE(refused(plane.get(), p.make(tok_Tr3d).get()));
+    plane->appendChild(flat.get());
+    // A frame holds nothing at all.
+    EXPECT_THROW(frame->appendChild(p.make(tok_Expr).get()), Arbor::DomException);
+    EXPECT_FALSE(frame->hasChildNodes());
 }
 
 TEST(GroupTransform, ADeepNestingIsWalkedWithoutADeepStack) {

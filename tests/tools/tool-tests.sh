@@ -298,29 +298,30 @@ group_times() {
             fail "$case: times are '$(tr '\n' ' ' <"$work/out")', expected '$*'"
     }
 
+    # The circle has a frame every 2.5 seconds, the rotation one every 1.25.
     run "$examples" times "$example"
-    expect_times "forward from the begin" 0 2.5 5 7.5 10
+    expect_times "forward from the begin" 0 1.25 2.5 3.75 5 6.25 7.5 8.75 10
     run "$examples" times --backward "$example"
-    expect_times "backward from the end" 10 7.5 5 2.5 0
+    expect_times "backward from the end" 10 8.75 7.5 6.25 5 3.75 2.5 1.25 0
     run "$examples" times --from 3 "$example"
-    expect_times "--from between frames" 3 5 7.5 10
+    expect_times "--from between frames" 3 3.75 5 6.25 7.5 8.75 10
     run "$examples" times "$example" --from=5 --backward
-    expect_times "--from a frame, backward" 5 2.5 0
+    expect_times "--from a frame, backward" 5 3.75 2.5 1.25 0
     run "$examples" times --from 10 "$example"
     expect_times "--from the end" 10
     run "$examples" times --from -1e300 "$example"
-    expect_times "--from far before" -1e+300 0 2.5 5 7.5 10
+    expect_times "--from far before" -1e+300 0 1.25 2.5 3.75 5 6.25 7.5 8.75 10
     input=$examples/$example run "$work" times -
-    expect_times "from stdin" 0 2.5 5 7.5 10
+    expect_times "from stdin" 0 1.25 2.5 3.75 5 6.25 7.5 8.75 10
 
     # The document's current time, else its initial time, is where the steps start.
     sed 's/<Canvas version="1"/& InitialTime="4"/' "$examples/$example" >"$work/initial.zpx"
     run "$work" times initial.zpx
-    expect_times "initial time" 4 5 7.5 10
+    expect_times "initial time" 4 5 6.25 7.5 8.75 10
     sed 's/<Canvas version="1"/& InitialTime="4" CurrentTime="6"/' "$examples/$example" \
         >"$work/current.zpx"
     run "$work" times --backward current.zpx
-    expect_times "current time" 6 5 2.5 0
+    expect_times "current time" 6 5 3.75 2.5 1.25 0
 
     # Without a TimeRange there is no animation: nothing at all, whatever the start.
     run "$examples" times --from 1 function-graph.zpx
