@@ -233,12 +233,14 @@ TEST(EveryElementClass, EveryClassIsRegistered) {
     EXPECT_EQ(tags,
               "Arc2d Arrow2d AxesOriginX AxesOriginY AxesOriginZ Canvas ColorFunc "
               "CoordinateSystem2d CoordinateSystem2dStyle CoordinateSystem3d "
-              "CoordinateSystem3dStyle Expr ExprSeq Footer Group2d Group3d Header Hints IExpr Img2d Img3d "
+              "CoordinateSystem3dStyle Expr ExprSeq Footer Group2d Group3d Header Hints IExpr "
+              "Img2d Img3d "
               "LegendText Line2d Matrix2d Matrix3d Obj2d Obj3d ObjStyle ObjType ParameterBegin "
               "ParameterEnd ParameterName Point2d Point3d Points2d Points3d Poly2d Prop PropCat "
               "PropInfo Pt2d Pts2d Scene2d Scene2dStyle Scene3d Scene3dStyle Text2d "
               "TextOrientation TickPos TimeRange Title TitlePositionX TitlePositionY "
-              "TitlePositionZ Transform2d Transform3d VExpr VerticalAsymptote ViewingBoxXMax ViewingBoxXMin "
+              "TitlePositionZ Transform2d Transform3d VExpr VerticalAsymptote ViewingBoxXMax "
+              "ViewingBoxXMin "
               "ViewingBoxYMax ViewingBoxYMin ViewingBoxZMax ViewingBoxZMin XAxisTitle "
               "XTicksAnchor XTicksAt XTicksDistance YAxisTitle YTicksAnchor YTicksAt "
               "YTicksDistance ZAxisTitle ZTicksAnchor ZTicksAt ZTicksDistance ");

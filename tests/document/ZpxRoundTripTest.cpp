@@ -173,23 +173,6 @@ TEST_F(ZpxRoundTrip, OnlyWhatWasSaidIsWritten) {
     EXPECT_TRUE(contains(written, "<PropInfo Dom=\"D\"></PropInfo>")) << written;
 }
 
-TEST_F(ZpxRoundTrip, ManyRandomPoints) {
-    std::mt19937_64 random(99);
-    std::uniform_real_distribution<double> any(-1e6, 1e6);
-    // Numbers as the stream writes them, which read back to themselves.
-    std::ostringstream text;
-    text << "<Canvas><Row1>";
-    for (int i = 0; i < 2000; ++i) text << "<P2>" << any(random) << " " << any(random) << "</P2>";
-    text << "</Row1><Row2>";
-    for (int i = 0; i < 2000; ++i) {
-        text << "<P3>";
-        for (int k = 0; k < 6; ++k) text << any(random) * (k % 2 ? 1e-9 : 1e20) << " ";
-        text << "#a0b0c0d0</P3>";
-    }
-    text << "</Row2></Canvas>";
-    roundTrip(text.str());
-}
-
 // Under exactNumbers every number, in attributes and in point lists, reads back bit for bit.
 TEST_F(ZpxRoundTrip, ExactNumbersKeepEveryBit) {
     std::mt19937_64 random(5);

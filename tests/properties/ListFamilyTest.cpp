@@ -142,8 +142,6 @@ TEST(ListFamily, ResolutionOrderAndReports) {
     EXPECT_EQ(t.bottom->getLineWidth(), 2.0); // the style stands before its parent
     t.mid->setAttribute(tok_LineWidth, Arbor::DoubleVariant(3.0));
     EXPECT_EQ(t.bottom->getLineWidth(), 3.0);
-    EXPECT_EQ(t.bottom->getProperty(tok_LineWidth), Arbor::DoubleVariant(3.0));
-    EXPECT_EQ(t.bottom->getId().view(), "bottom");
     EXPECT_TRUE(t.bottom->getConsistent()); // default of the table
 
     FontStyle f;
