@@ -1,17 +1,13 @@
 #include "document/ZpxTestHelpers.h"
 
-#include <grafel/arbor/Text.h>
 #include <grafel/catalogue/Prop.h>
 #include <grafel/catalogue/PropCat.h>
 #include <grafel/properties/Expr.h>
-#include <grafel/properties/ListTable.h>
-#include <grafel/properties/VExpr.h>
 #include <grafel/structure/ObjType.h>
 #include <grafel/structure/TimeRange.h>
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <random>
 #include <set>
 

@@ -1,8 +1,6 @@
 #include "document/ZpxTestHelpers.h"
 
-#include <grafel/arbor/Text.h>
 #include <grafel/foundation/NumberFormat.h>
-#include <grafel/properties/ExprHolders.h>
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 
 using namespace TestSupport;
 using Arbor::DomException;

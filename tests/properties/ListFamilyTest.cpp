@@ -10,8 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdarg>
-#include <future>
 #include <sstream>
 
 using namespace Grafel;

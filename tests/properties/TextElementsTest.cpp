@@ -8,7 +8,6 @@
 #include <grafel/properties/ExprHolders.h>
 #include <grafel/properties/MemberTable.h>
 #include <grafel/properties/PropertyTypes.h>
-#include <grafel/properties/TicksAt.h>
 #include <grafel/properties/VExpr.h>
 
 #include "support/Forms.h"

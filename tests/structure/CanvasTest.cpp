@@ -1,5 +1,4 @@
 #include <grafel/arbor/DomException.h>
-#include <grafel/document/PlotDocument.h>
 #include <grafel/structure/Canvas.h>
 #include <grafel/structure/TimeRange.h>
 
@@ -8,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdarg>
 #include <sstream>
 
 using namespace TestSupport;

@@ -1,7 +1,4 @@
 #include <grafel/arbor/DomException.h>
-#include <grafel/arbor/Text.h>
-#include <grafel/document/PlotDocument.h>
-#include <grafel/structure/Canvas.h>
 #include <grafel/structure/CoordinateSystem2d.h>
 #include <grafel/structure/CoordinateSystem3d.h>
 #include <grafel/structure/CoordinateSystemStyles.h>
@@ -13,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdarg>
 #include <sstream>
 #include <string>
 #include <vector>

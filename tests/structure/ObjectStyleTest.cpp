@@ -1,6 +1,4 @@
 #include <grafel/arbor/DomException.h>
-#include <grafel/foundation/ValueVariants.h>
-#include <grafel/properties/AfterPropertyChangeEvent.h>
 #include <grafel/properties/VExpr.h>
 #include <grafel/structure/Obj2d.h>
 #include <grafel/structure/Obj3d.h>
@@ -12,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdarg>
 #include <random>
 #include <sstream>
 #include <string>

@@ -1,9 +1,6 @@
 #include <grafel/arbor/DomException.h>
-#include <grafel/document/PlotDocument.h>
 #include <grafel/document/ZpxParser.h>
 #include <grafel/document/ZpxParserHandler.h>
-#include <grafel/foundation/ValueVariants.h>
-#include <grafel/properties/AfterPropertyChangeEvent.h>
 #include <grafel/properties/VExpr.h>
 #include <grafel/structure/Canvas.h>
 #include <grafel/structure/CoordinateSystem2d.h>
@@ -17,7 +14,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdarg>
 #include <sstream>
 #include <string>
 #include <vector>
