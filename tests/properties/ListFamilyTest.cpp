@@ -151,12 +151,8 @@ TEST(ListFamily, ResolutionOrderAndReports) {
     // An unset attribute is no attribute; an unknown name is no property.
     EXPECT_THROW(t.bottom->getAttribute(tok_LineWidth), DomException);
     EXPECT_EQ(reports.back(), "illegal attribute 'LineWidth' [node 'Group2d']\n");
-    try {
-        t.bottom->getProperty(tok_Width);
-        FAIL();
-    } catch (const DomException& e) {
-        EXPECT_EQ(e.code(), DomException::InvalidAccessErr);
-    }
+    EXPECT_EQ(TestSupport::domCode([&] { t.bottom->getProperty(tok_Width); }),
+              DomException::InvalidAccessErr);
     EXPECT_EQ(reports.back(), "unknown property 'Width' [node 'Group2d']\n");
     EXPECT_THROW(t.bottom->getProperty(tok_Type), DomException);
     EXPECT_EQ(reports.back(), "mandatory property 'Type' missing [node 'Group2d']\n");

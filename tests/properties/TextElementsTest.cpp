@@ -23,6 +23,7 @@ using namespace Grafel;
 using Arbor::Ref;
 using Arbor::Token;
 using TestSupport::cmd;
+using TestSupport::domCode;
 using TestSupport::xml;
 
 // Tags of the stand-ins below.
@@ -91,16 +92,6 @@ struct TextDoc : ElementDocument {
     }
     Ref<IExpr> item(const wchar_t* text) { return make<IExpr>(tok_IExpr, text); }
 };
-
-/// The DOM code thrown by `action`, 0 when it throws none.
-long domCode(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Arbor::DomException& e) {
-        return e.code();
-    }
-    return 0;
-}
 
 /// Puts an entry with `text` in the place of entry `index` of a holder.
 void setItem(TextDoc& doc, PlotElement* holder, unsigned index, const wchar_t* text) {

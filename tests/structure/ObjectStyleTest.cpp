@@ -175,12 +175,8 @@ TEST(ObjectStyle, DimensionsAndFailures) {
     // Without Type nothing inherited can be read; a stored value still can.
     auto untyped = d.object(scene.get(), Token(), "u");
     reports.clear();
-    try {
-        untyped->getProperty(tok_Filled);
-        FAIL();
-    } catch (const DomException& e) {
-        EXPECT_EQ(e.code(), DomException::InvalidAccessErr);
-    }
+    EXPECT_EQ(TestSupport::domCode([&] { untyped->getProperty(tok_Filled); }),
+              DomException::InvalidAccessErr);
     EXPECT_EQ(reports, (std::vector<std::string>{"mandatory property 'Type' missing [node "
                                                  "'Obj2d']\n"}));
     EXPECT_THROW(untyped->getFilled(), DomException);

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-
 using Tessel::FlexBuff;
 
 TEST(TesselFlexBuff, InlineUpTo256ThenExactHeap) {
