@@ -1,4 +1,5 @@
 #include "document/ZpxTestHelpers.h"
+#include "support/Forms.h"
 
 #include <gtest/gtest.h>
 
@@ -17,11 +18,7 @@ namespace {
 using ZpxTest::TestPoly2;
 using TestMesh3 = ZpxTest::TestPoly3;
 
-template <class T> std::string xml(T& list) {
-    std::ostringstream out;
-    list.putXml(out);
-    return out.str();
-}
+using TestSupport::xml;
 
 const RGBA red(255, 0, 0, 255);
 const RGBA seeThrough(0, 128, 255, 16);
@@ -104,22 +101,22 @@ TEST_F(PointList, PushingAnOwnElementSurvivesRegrowth) {
 }
 
 TEST_F(PointList, P2FormsAndEmptyList) {
-    EXPECT_EQ(xml(*poly), "<Row1></Row1>");
+    EXPECT_EQ(xml(poly.get()), "<Row1></Row1>");
     poly->setAttributeString(tok_Closed, "1");
-    EXPECT_EQ(xml(*poly), "<Row1 Closed=\"1\"></Row1>");
+    EXPECT_EQ(xml(poly.get()), "<Row1 Closed=\"1\"></Row1>");
 
     poly->push_back(P2(1.5, -2));
     poly->push_back(P2(0, 1e-7));
-    EXPECT_EQ(xml(*poly), "<Row1 Closed=\"1\"><P2>1.5 -2</P2><P2>0 1e-07</P2></Row1>");
+    EXPECT_EQ(xml(poly.get()), "<Row1 Closed=\"1\"><P2>1.5 -2</P2><P2>0 1e-07</P2></Row1>");
 
     Ref<TestPoly2> colored = new TestPoly2(&doc);
     colored->push_back(P2(1, 2), red);
     colored->push_back(P2(3, 4), seeThrough);
-    EXPECT_EQ(xml(*colored), "<Row1><P2>1 2 #ff0000</P2><P2>3 4 #0080ff10</P2></Row1>");
+    EXPECT_EQ(xml(colored.get()), "<Row1><P2>1 2 #ff0000</P2><P2>3 4 #0080ff10</P2></Row1>");
 }
 
 TEST_F(PointList, P3FormsFollowNormalsAndColourCount) {
-    EXPECT_EQ(xml(*mesh), "<Row2></Row2>");
+    EXPECT_EQ(xml(mesh.get()), "<Row2></Row2>");
 
     const P3 p(1, 2, 3), n(0, 0, -1);
     struct Case {
@@ -140,13 +137,13 @@ TEST_F(PointList, P3FormsFollowNormalsAndColourCount) {
         c.push(*list, p, n);
         c.push(*list, p, n);
         const std::string one = std::string("<P3>") + c.point + "</P3>";
-        EXPECT_EQ(xml(*list), "<Row2>" + one + one + "</Row2>") << c.point;
+        EXPECT_EQ(xml(list.get()), "<Row2>" + one + one + "</Row2>") << c.point;
     }
 }
 
 TEST_F(PointList, NumbersFollowTheStreamSettings) {
     poly->push_back(P2(0.123456789, 2.0 / 3.0));
-    EXPECT_EQ(xml(*poly), "<Row1><P2>0.123457 0.666667</P2></Row1>");
+    EXPECT_EQ(xml(poly.get()), "<Row1><P2>0.123457 0.666667</P2></Row1>");
     std::ostringstream out;
     out.precision(17);
     poly->putXml(out);
@@ -157,10 +154,10 @@ TEST_F(PointList, ShortParallelArrayIsNotReadPast) {
     // Mixed forms break the invariant; the writer keeps the form and stops at the short array.
     poly->push_back(P2(1, 1));
     poly->push_back(P2(2, 2), red);
-    EXPECT_EQ(xml(*poly), "<Row1><P2>1 1 #ff0000</P2></Row1>");
+    EXPECT_EQ(xml(poly.get()), "<Row1><P2>1 1 #ff0000</P2></Row1>");
     mesh->push_back(P3(1, 1, 1), P3(0, 0, 1), red, red);
     mesh->push_back(P3(2, 2, 2), P3(0, 0, 1), red);
-    EXPECT_EQ(xml(*mesh), "<Row2><P3>1 1 1 0 0 1 #ff0000 #ff0000</P3></Row2>");
+    EXPECT_EQ(xml(mesh.get()), "<Row2><P3>1 1 1 0 0 1 #ff0000 #ff0000</P3></Row2>");
 }
 
 TEST_F(PointList, ReserveAvoidsRegrowthAndShrinkEndsAtSize) {
@@ -184,15 +181,14 @@ TEST_F(PointList, CopiesTakeEveryArrayAlong) {
     poly->push_back(P2(3, 4)); // the copies are independent of the originals
     mesh->clear();
     const std::string meshText = "<Row2><P3>1 2 3 0 0 1 #ff0000 #0080ff10</P3></Row2>";
-    EXPECT_EQ(xml(static_cast<TestPoly2&>(*polyCopy)),
-              "<Row1 Closed=\"1\"><P2>1 2 #ff0000</P2></Row1>");
-    EXPECT_EQ(xml(static_cast<TestMesh3&>(*meshCopy)), meshText);
+    EXPECT_EQ(xml(polyCopy.get()), "<Row1 Closed=\"1\"><P2>1 2 #ff0000</P2></Row1>");
+    EXPECT_EQ(xml(meshCopy.get()), meshText);
 
     // Assignment replaces every array, with full ones and with empty ones.
     static_cast<P3List&>(*mesh) = static_cast<TestMesh3&>(*meshCopy);
-    EXPECT_EQ(xml(*mesh), meshText);
+    EXPECT_EQ(xml(mesh.get()), meshText);
     static_cast<P3List&>(*mesh) = *Ref<TestMesh3>(new TestMesh3(&doc));
-    EXPECT_EQ(xml(*mesh), "<Row2></Row2>");
+    EXPECT_EQ(xml(mesh.get()), "<Row2></Row2>");
 }
 
 } // namespace

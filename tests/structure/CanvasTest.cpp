@@ -23,11 +23,7 @@ TEST(Canvas, TheStandardLibrary) {
     std::vector<std::string> types;
     for (Arbor::Node* n = p.canvas->firstChild(); n; n = n->nextSibling())
         if (n->nodeName() == tok_ObjStyle)
-            types.push_back(static_cast<PlotElement*>(n)
-                                ->getProperty(tok_Type)
-                                .as<Arbor::TokenVariant>()
-                                ->val()
-                                .text());
+            types.push_back(static_cast<ObjStyle*>(n)->getType().text());
     EXPECT_EQ(types, (std::vector<std::string>{"Default", "Surface", "Curve2d", "Curve3d",
                                                "Function2d", "Implicit2d", "Polygon2d",
                                                "VectorField2d", "VectorField3d", "Plane"}));
