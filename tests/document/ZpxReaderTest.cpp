@@ -58,10 +58,7 @@ struct ZpxReader : ::testing::Test {
 } // namespace
 
 TEST_F(ZpxReader, NamesAreResolvedWithFourReports) {
-    struct Case {
-        std::string text;
-        std::string report;
-    } cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"<Canvas xmlns='http://other.org/x'/>", "unknown namespace 'http://other.org/x'\n"},
         {"<Canvas xmlns:o='http://other.org/x' o:Width='3'/>",
          "unknown namespace 'http://other.org/x'\n"},
@@ -71,8 +68,8 @@ TEST_F(ZpxReader, NamesAreResolvedWithFourReports) {
         {"<Canvas Obj2d='1'/>", "not an attribute 'Obj2d'\n"},
         {"<Canvas><Dashed/></Canvas>", "not an element 'Dashed'\n"},
     };
-    for (const Case& c : cases) {
-        fails(c.text, c.report);
+    for (const auto& [text, report] : cases) {
+        fails(text, report);
         // The prefix arrives as a call of its own, before the message.
         ASSERT_EQ(calls().size(), 2u);
         EXPECT_EQ(calls()[0], "ZPX error: ");

@@ -116,12 +116,11 @@ struct Tree {
     Tree() {
         reports.clear();
         doc.domErrorHdl(collect);
-        int i = 0;
-        for (Lib* l : {top.get(), mid.get(), bottom.get()})
-            l->setAttribute(tok_id, Arbor::FixedStringVariant(Tessel::FixedStringBase<char>(
-                                        (const char*[]){"top", "mid", "bottom"}[i++])));
-        style->setAttribute(tok_id,
-                            Arbor::FixedStringVariant(Tessel::FixedStringBase<char>("style")));
+        for (auto [e, id] : {std::pair<PlotElement*, const char*>{top.get(), "top"},
+                             {style.get(), "style"},
+                             {mid.get(), "mid"},
+                             {bottom.get(), "bottom"}})
+            e->setAttributeString(tok_id, id);
         top->appendChild(style.get());
         top->appendChild(mid.get());
         mid->appendChild(bottom.get());

@@ -27,6 +27,11 @@ void set(PlotElement* e, Token name, const char* text) {
     e->setAttributeString(name, text);
 }
 
+template <class Base> struct Probe : Base {
+    explicit Probe(Arbor::Document* d) : Base(d) {}
+    using Base::allowedOptionChildren;
+};
+
 } // namespace
 
 TEST(Scene, OneStepFromThePageStyleOfItsOwnKind) {
@@ -79,6 +84,9 @@ TEST(Scene, ChildrenAndCameraFlags) {
     EXPECT_THROW(p.add(a, tok_CoordinateSystem3dStyle), DomException);
     EXPECT_EQ(reports().back(), "illegal option child [parent 'Scene2d']\n");
     EXPECT_THROW(p.add(p.add(p.canvas, tok_Scene2dStyle), tok_Header), DomException);
+    // The option children each dimension takes, as a mask.
+    EXPECT_EQ((Ref<Probe<Scene2d>>(new Probe<Scene2d>(&p.doc))->allowedOptionChildren()), 23);
+    EXPECT_EQ((Ref<Probe<Scene3d>>(new Probe<Scene3d>(&p.doc))->allowedOptionChildren()), 43);
 
     // No object style anywhere: false, though the objects' default of KeepUpVector is true.
     EXPECT_FALSE(c->getKeepUpVector());
