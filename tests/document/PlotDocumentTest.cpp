@@ -1,3 +1,5 @@
+#include "document/ZpxTestHelpers.h"
+
 #include <grafel/arbor/Range.h>
 #include <grafel/document/PlotDocument.h>
 #include <grafel/structure/Canvas.h>
@@ -5,20 +7,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdarg>
 #include <sstream>
 
 using namespace Grafel;
 using Arbor::Ref;
 
 namespace {
-
-std::vector<std::string> calls;
-void collect(const char* format, va_list args) {
-    char text[256];
-    vsnprintf(text, sizeof text, format, args);
-    calls.push_back(text);
-}
 
 PlotElement* add(PlotDocument& doc, Arbor::Node* parent, Arbor::Token tag, const char* id) {
     PlotElement* e = doc.createPlotElement(tag);
@@ -47,12 +41,12 @@ TEST(PlotDocument, WithoutADocumentElementEverythingIsQuiet) {
 
 TEST(PlotDocument, ReportsGoToTheHandlerPrefixFirst) {
     PlotDocument doc;
-    calls.clear();
+    ZpxTest::calls().clear();
     Ref<PlotElement> canvas = doc.createPlotElement(tok_Canvas);
     canvas->domError("value %s\n", "x"); // no handler yet: dropped
-    doc.domErrorHdl(collect);
+    doc.domErrorHdl(ZpxTest::collect);
     canvas->domError("value %s\n", "y");
-    EXPECT_EQ(calls, (std::vector<std::string>{"Grafel error: ", "value y\n"}));
+    EXPECT_EQ(ZpxTest::calls(), (std::vector<std::string>{"Grafel error: ", "value y\n"}));
 }
 
 TEST(PlotDocument, SelectionByElementAndById) {

@@ -1,7 +1,5 @@
-#include <grafel/document/P2List.h>
-#include <grafel/document/P3List.h>
-#include <grafel/properties/MemberTable.h>
-#include <grafel/properties/PropertyTypes.h>
+#include "document/ZpxTestHelpers.h"
+#include "support/Forms.h"
 
 #include <gtest/gtest.h>
 
@@ -15,32 +13,12 @@ using Arbor::Token;
 
 namespace {
 
-// Concrete lists as the primitives will make them: a tag, a table of their own, and a
+// Concrete lists as the primitives make them: a tag, a table of their own (the 2D one), and a
 // cloneNode through the copy constructor.
-#define TEST_POLY2_TABLE(P) P(Optional, BoolProperty, Closed, false, false)
+using ZpxTest::TestPoly2;
+using TestMesh3 = ZpxTest::TestPoly3;
 
-class TestPoly2 : public P2List {
-public:
-    explicit TestPoly2(Arbor::Document* d) : P2List(d) {}
-    Token tagName() const override { return tok_Poly2d; }
-    Arbor::Node* cloneNode(bool) const override { return new TestPoly2(*this); }
-    GRAFEL_MEMBER_PROPERTIES(TestPoly2, TEST_POLY2_TABLE)
-};
-GRAFEL_DEFINE_MEMBER_PROPERTIES(TestPoly2, TEST_POLY2_TABLE)
-
-// No table: the kernel's putAttributesXml, which writes nothing.
-class TestMesh3 : public P3List {
-public:
-    explicit TestMesh3(Arbor::Document* d) : P3List(d) {}
-    Token tagName() const override { return tok_Mesh3d; }
-    Arbor::Node* cloneNode(bool) const override { return new TestMesh3(*this); }
-};
-
-template <class T> std::string xml(T& list) {
-    std::ostringstream out;
-    list.putXml(out);
-    return out.str();
-}
+using TestSupport::xml;
 
 const RGBA red(255, 0, 0, 255);
 const RGBA seeThrough(0, 128, 255, 16);
@@ -123,22 +101,22 @@ TEST_F(PointList, PushingAnOwnElementSurvivesRegrowth) {
 }
 
 TEST_F(PointList, P2FormsAndEmptyList) {
-    EXPECT_EQ(xml(*poly), "<Poly2d></Poly2d>");
+    EXPECT_EQ(xml(poly.get()), "<Row1></Row1>");
     poly->setAttributeString(tok_Closed, "1");
-    EXPECT_EQ(xml(*poly), "<Poly2d Closed=\"1\"></Poly2d>");
+    EXPECT_EQ(xml(poly.get()), "<Row1 Closed=\"1\"></Row1>");
 
     poly->push_back(P2(1.5, -2));
     poly->push_back(P2(0, 1e-7));
-    EXPECT_EQ(xml(*poly), "<Poly2d Closed=\"1\"><P2>1.5 -2</P2><P2>0 1e-07</P2></Poly2d>");
+    EXPECT_EQ(xml(poly.get()), "<Row1 Closed=\"1\"><P2>1.5 -2</P2><P2>0 1e-07</P2></Row1>");
 
     Ref<TestPoly2> colored = new TestPoly2(&doc);
     colored->push_back(P2(1, 2), red);
     colored->push_back(P2(3, 4), seeThrough);
-    EXPECT_EQ(xml(*colored), "<Poly2d><P2>1 2 #ff0000</P2><P2>3 4 #0080ff10</P2></Poly2d>");
+    EXPECT_EQ(xml(colored.get()), "<Row1><P2>1 2 #ff0000</P2><P2>3 4 #0080ff10</P2></Row1>");
 }
 
 TEST_F(PointList, P3FormsFollowNormalsAndColourCount) {
-    EXPECT_EQ(xml(*mesh), "<Mesh3d></Mesh3d>");
+    EXPECT_EQ(xml(mesh.get()), "<Row2></Row2>");
 
     const P3 p(1, 2, 3), n(0, 0, -1);
     struct Case {
@@ -159,27 +137,27 @@ TEST_F(PointList, P3FormsFollowNormalsAndColourCount) {
         c.push(*list, p, n);
         c.push(*list, p, n);
         const std::string one = std::string("<P3>") + c.point + "</P3>";
-        EXPECT_EQ(xml(*list), "<Mesh3d>" + one + one + "</Mesh3d>") << c.point;
+        EXPECT_EQ(xml(list.get()), "<Row2>" + one + one + "</Row2>") << c.point;
     }
 }
 
 TEST_F(PointList, NumbersFollowTheStreamSettings) {
     poly->push_back(P2(0.123456789, 2.0 / 3.0));
-    EXPECT_EQ(xml(*poly), "<Poly2d><P2>0.123457 0.666667</P2></Poly2d>");
+    EXPECT_EQ(xml(poly.get()), "<Row1><P2>0.123457 0.666667</P2></Row1>");
     std::ostringstream out;
     out.precision(17);
     poly->putXml(out);
-    EXPECT_EQ(out.str(), "<Poly2d><P2>0.123456789 0.66666666666666663</P2></Poly2d>");
+    EXPECT_EQ(out.str(), "<Row1><P2>0.123456789 0.66666666666666663</P2></Row1>");
 }
 
 TEST_F(PointList, ShortParallelArrayIsNotReadPast) {
     // Mixed forms break the invariant; the writer keeps the form and stops at the short array.
     poly->push_back(P2(1, 1));
     poly->push_back(P2(2, 2), red);
-    EXPECT_EQ(xml(*poly), "<Poly2d><P2>1 1 #ff0000</P2></Poly2d>");
+    EXPECT_EQ(xml(poly.get()), "<Row1><P2>1 1 #ff0000</P2></Row1>");
     mesh->push_back(P3(1, 1, 1), P3(0, 0, 1), red, red);
     mesh->push_back(P3(2, 2, 2), P3(0, 0, 1), red);
-    EXPECT_EQ(xml(*mesh), "<Mesh3d><P3>1 1 1 0 0 1 #ff0000 #ff0000</P3></Mesh3d>");
+    EXPECT_EQ(xml(mesh.get()), "<Row2><P3>1 1 1 0 0 1 #ff0000 #ff0000</P3></Row2>");
 }
 
 TEST_F(PointList, ReserveAvoidsRegrowthAndShrinkEndsAtSize) {
@@ -202,16 +180,15 @@ TEST_F(PointList, CopiesTakeEveryArrayAlong) {
     Ref<Arbor::Node> meshCopy = mesh->cloneNode(false);
     poly->push_back(P2(3, 4)); // the copies are independent of the originals
     mesh->clear();
-    const std::string meshText = "<Mesh3d><P3>1 2 3 0 0 1 #ff0000 #0080ff10</P3></Mesh3d>";
-    EXPECT_EQ(xml(static_cast<TestPoly2&>(*polyCopy)),
-              "<Poly2d Closed=\"1\"><P2>1 2 #ff0000</P2></Poly2d>");
-    EXPECT_EQ(xml(static_cast<TestMesh3&>(*meshCopy)), meshText);
+    const std::string meshText = "<Row2><P3>1 2 3 0 0 1 #ff0000 #0080ff10</P3></Row2>";
+    EXPECT_EQ(xml(polyCopy.get()), "<Row1 Closed=\"1\"><P2>1 2 #ff0000</P2></Row1>");
+    EXPECT_EQ(xml(meshCopy.get()), meshText);
 
     // Assignment replaces every array, with full ones and with empty ones.
     static_cast<P3List&>(*mesh) = static_cast<TestMesh3&>(*meshCopy);
-    EXPECT_EQ(xml(*mesh), meshText);
+    EXPECT_EQ(xml(mesh.get()), meshText);
     static_cast<P3List&>(*mesh) = *Ref<TestMesh3>(new TestMesh3(&doc));
-    EXPECT_EQ(xml(*mesh), "<Mesh3d></Mesh3d>");
+    EXPECT_EQ(xml(mesh.get()), "<Row2></Row2>");
 }
 
 } // namespace

@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <iterator>
 #include <random>
 #include <sstream>
 #include <string>
+#include <vector>
 
 using TestSupport::ScannedFields;
 using TestSupport::sscanfFields;
@@ -18,30 +20,11 @@ using namespace ZpxTest;
 
 // A point text made of words that matter to the patterns, with or without blanks between them.
 std::string randomPointText(std::mt19937_64& random) {
-    static const char* const words[] = {"1",
-                                        "-2.5",
-                                        "3e2",
-                                        "0.125",
-                                        "-0",
-                                        "+4",
-                                        "1e400",
-                                        "inf",
-                                        "nan",
-                                        "0x1p3",
-                                        ".5",
-                                        "5.",
-                                        "1e",
-                                        "x",
-                                        "#ff0000",
-                                        "#12345678",
-                                        "#",
-                                        "##00ff00",
-                                        "#abcdefabcdef",
-                                        "#ffinf0",
-                                        "#zz0000",
-                                        "1#ff0000",
-                                        "7",
-                                        "-8"};
+    static const std::vector<std::string> words = [] {
+        std::istringstream in("1 -2.5 3e2 0.125 -0 +4 1e400 inf nan 0x1p3 .5 5. 1e x #ff0000 "
+                              "#12345678 # ##00ff00 #abcdefabcdef #ffinf0 #zz0000 1#ff0000 7 -8");
+        return std::vector<std::string>(std::istream_iterator<std::string>(in), {});
+    }();
     static const char* const gaps[] = {" ", "  ", "\t", "\n", ""};
     std::string text;
     const int n = static_cast<int>(random() % 10);
@@ -93,9 +76,7 @@ TEST(ZpxPointText, PointsReadAsTheRulesSay) {
             if (kept) {
                 ASSERT_EQ(std::memcmp(list->points(), f.values, sizeof(P2)), 0);
                 ASSERT_EQ(list->colored(), coloured);
-                if (coloured) {
-                    ASSERT_EQ(list->colorAt(0), colour);
-                }
+                ASSERT_TRUE(!coloured || list->colorAt(0) == colour);
             }
         }
 
@@ -121,16 +102,10 @@ TEST(ZpxPointText, PointsReadAsTheRulesSay) {
             for (int i = 0; i < numbers; ++i) want[i] = clamp3(f.values[i]);
             ASSERT_EQ(std::memcmp(list->points(), want, sizeof(P3)), 0);
             ASSERT_EQ(list->hasNormals(), numbers == 6);
-            if (numbers == 6) {
-                ASSERT_EQ(std::memcmp(list->normals(), want + 3, sizeof(P3)), 0);
-            }
+            ASSERT_TRUE(numbers < 6 || std::memcmp(list->normals(), want + 3, sizeof(P3)) == 0);
             ASSERT_EQ(list->numColors(), colours);
-            if (colours >= 1) {
-                ASSERT_EQ(list->firstColorAt(0), first);
-            }
-            if (colours >= 2) {
-                ASSERT_EQ(list->secondColorAt(0), second);
-            }
+            ASSERT_TRUE(colours < 1 || list->firstColorAt(0) == first);
+            ASSERT_TRUE(colours < 2 || list->secondColorAt(0) == second);
         }
     }
 }

@@ -1,17 +1,13 @@
 #include "document/ZpxTestHelpers.h"
 
-#include <grafel/arbor/Text.h>
 #include <grafel/catalogue/Prop.h>
 #include <grafel/catalogue/PropCat.h>
 #include <grafel/properties/Expr.h>
-#include <grafel/properties/ListTable.h>
-#include <grafel/properties/VExpr.h>
 #include <grafel/structure/ObjType.h>
 #include <grafel/structure/TimeRange.h>
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <random>
 #include <set>
 
@@ -52,15 +48,17 @@ struct ZpxReader : ::testing::Test {
         EXPECT_FALSE(load<TestHandler>(doc, text));
         EXPECT_TRUE(isFreshCanvas(doc));
     }
+    // ... with this one report.
+    void fails(const std::string& text, const std::string& report) {
+        fails(text);
+        EXPECT_EQ(messages(), std::vector<std::string>{report}) << text.substr(0, 200);
+    }
 };
 
 } // namespace
 
 TEST_F(ZpxReader, NamesAreResolvedWithFourReports) {
-    struct Case {
-        std::string text;
-        std::string report;
-    } cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"<Canvas xmlns='http://other.org/x'/>", "unknown namespace 'http://other.org/x'\n"},
         {"<Canvas xmlns:o='http://other.org/x' o:Width='3'/>",
          "unknown namespace 'http://other.org/x'\n"},
@@ -70,9 +68,8 @@ TEST_F(ZpxReader, NamesAreResolvedWithFourReports) {
         {"<Canvas Obj2d='1'/>", "not an attribute 'Obj2d'\n"},
         {"<Canvas><Dashed/></Canvas>", "not an element 'Dashed'\n"},
     };
-    for (const Case& c : cases) {
-        fails(c.text);
-        EXPECT_EQ(messages(), std::vector<std::string>{c.report});
+    for (const auto& [text, report] : cases) {
+        fails(text, report);
         // The prefix arrives as a call of its own, before the message.
         ASSERT_EQ(calls().size(), 2u);
         EXPECT_EQ(calls()[0], "ZPX error: ");
@@ -108,42 +105,28 @@ TEST_F(ZpxReader, GroupsAttachAsTheirTagsSay) {
     EXPECT_TRUE(messages().empty());
     EXPECT_EQ(doc.batchDepth(), 0);
 
-    std::vector<std::string> tags;
-    for (Arbor::Node* n : children(root())) tags.push_back(n->nodeName().c_str());
-    // A second single replaces the first; typed elements are appended.
-    EXPECT_EQ(tags,
-              (std::vector<std::string>{"TimeRange", "ObjStyle", "Obj2d", "Obj2d", "ObjType"}));
-    EXPECT_EQ(static_cast<TimeRange*>(root()->firstChild())->getTimeBegin(), 3.0);
-
-    PlotElement* obj = PlotElement::from(children(root())[2]);
+    // A second single replaces the first; typed elements are appended; texts are trimmed; items
+    // overwrite the default children position by position, then append.
+    std::ostringstream out;
+    root()->putXml(out);
+    EXPECT_EQ(
+        out.str(),
+        "<Canvas xmlns=\"" + ns +
+            "\"><TimeRange TimeEnd=\"4\" TimeBegin=\"3\"></TimeRange>"
+            "<ObjStyle Type=\"Curve2d\" LineWidth=\"2\"></ObjStyle><Obj2d Type=\"Function2d\">"
+            "<Title>second</Title><Expr Opt=\"Function\">sin( x )</Expr>"
+            "<ColorFunc Opt=\"LineColorFunction\"><IExpr>u</IExpr><IExpr>v</IExpr></ColorFunc>"
+            "<ExprSeq Opt=\"Levels\"><IExpr>1</IExpr><IExpr></IExpr><IExpr>3</IExpr></ExprSeq>"
+            "<ParameterBegin Val=\"-1\">a</ParameterBegin><Prop Val=\"\" Opt=\"Mesh\"></Prop>"
+            "</Obj2d><Obj2d Type=\"Curve2d\"></Obj2d><ObjType Type=\"Curve2d\"><PropCat "
+            "Name=\"Main\"><PropCat Name=\"Sub\"></PropCat></PropCat></ObjType></Canvas>");
+    PlotElement* obj = PlotElement::from(root()->findChild(tok_Obj2d));
     EXPECT_EQ(obj->getProperty(tok_id).as<Arbor::FixedStringVariant>()->val().view(), "a");
-    EXPECT_EQ(textOf(obj->findChild(tok_Title)), L"second");
-    Arbor::Node* expr = obj->findChild(tok_Expr);
-    ASSERT_EQ(children(expr).size(), 1u); // the trimmed text is the only child
-    EXPECT_EQ(textOf(expr), L"sin( x )");
-    EXPECT_EQ(static_cast<Expr*>(expr)->getOpt(), Arbor::Token("Function", true));
-
-    // Sequence items overwrite the default children position by position, then append.
-    Arbor::Node* colorFunc = obj->findChild(tok_ColorFunc);
-    ASSERT_EQ(children(colorFunc).size(), 2u);
-    EXPECT_EQ(textOf(children(colorFunc)[0]), L"u");
-    EXPECT_EQ(textOf(children(colorFunc)[1]), L"v");
-    Arbor::Node* seq = obj->findChild(tok_ExprSeq);
-    ASSERT_EQ(children(seq).size(), 3u);
+    ASSERT_EQ(children(obj->findChild(tok_Expr)).size(), 1u); // the trimmed text alone
     // An empty element gets an empty text child.
-    ASSERT_EQ(children(children(seq)[1]).size(), 1u);
-    EXPECT_EQ(textOf(children(seq)[1]), L"");
-
-    auto* begin = static_cast<VExpr*>(obj->findChild(tok_ParameterBegin));
-    EXPECT_EQ(begin->getVal(), -1.0);
-    EXPECT_EQ(textOf(begin), L"a");
-    auto* prop = static_cast<Prop*>(obj->findChild(tok_Prop));
-    EXPECT_EQ(prop->getOpt(), Arbor::Token("Mesh", true));
-    EXPECT_TRUE(prop->getVal().empty());
-
-    auto* category = obj->ownerDocument()->documentElement()->lastChild()->firstChild();
-    EXPECT_EQ(category->nodeName(), tok_PropCat);
-    EXPECT_EQ(category->firstChild()->nodeName(), tok_PropCat);
+    Arbor::Node* empty = children(obj->findChild(tok_ExprSeq))[1];
+    ASSERT_EQ(children(empty).size(), 1u);
+    EXPECT_EQ(textOf(empty), L"");
 }
 
 TEST_F(ZpxReader, DroppedIdsAndVersions) {
@@ -183,31 +166,26 @@ TEST_F(ZpxReader, RefusedContentLeavesAnEmptyPage) {
 }
 
 TEST_F(ZpxReader, RootAndClassProblems) {
-    fails("<Obj2d Type='Curve2d'/>");
-    EXPECT_EQ(messages(), std::vector<std::string>{"document element 'Obj2d' is no Canvas\n"});
+    fails("<Obj2d Type='Curve2d'/>", "document element 'Obj2d' is no Canvas\n");
     fails("<P2>1 2</P2>");
-    fails("<Canvas><Canvas/></Canvas>");
-    EXPECT_EQ(messages(), std::vector<std::string>{"illegal Canvas [parent Canvas]\n"});
-    fails("<Canvas><P2>1 2</P2></Canvas>");
-    EXPECT_EQ(messages(), std::vector<std::string>{"illegal P2 [parent Canvas]\n"});
-    fails("<Canvas><P3>1 2 3</P3></Canvas>");
-    EXPECT_EQ(messages(), std::vector<std::string>{"illegal P3 [parent Canvas]\n"});
+    fails("<Canvas><Canvas/></Canvas>", "illegal Canvas [parent Canvas]\n");
+    fails("<Canvas><P2>1 2</P2></Canvas>", "illegal P2 [parent Canvas]\n");
+    fails("<Canvas><P3>1 2 3</P3></Canvas>", "illegal P3 [parent Canvas]\n");
 
     // A tag whose class this build lacks.
     const ElementMaker maker = elementMaker(id_TimeRange);
     registerElementClass(id_TimeRange, nullptr);
-    fails("<Canvas><TimeRange/></Canvas>");
+    fails("<Canvas><TimeRange/></Canvas>", "element 'TimeRange' is not supported\n");
     registerElementClass(id_TimeRange, maker);
-    EXPECT_EQ(messages(), std::vector<std::string>{"element 'TimeRange' is not supported\n"});
 }
 
 TEST_F(ZpxReader, ArraysNeedTheirInterface) {
     // The array tags take their words only into an element that keeps an array.
     const ElementMaker maker = elementMaker(id_ColorArray2d);
     registerElementClass(id_ColorArray2d, &TestPoly2::create);
-    fails("<Canvas><ColorArray2d>#ff0000</ColorArray2d></Canvas>");
+    fails("<Canvas><ColorArray2d>#ff0000</ColorArray2d></Canvas>",
+          "element 'ColorArray2d' keeps no array\n");
     registerElementClass(id_ColorArray2d, maker);
-    EXPECT_EQ(messages(), std::vector<std::string>{"element 'ColorArray2d' keeps no array\n"});
 }
 
 TEST_F(ZpxReader, ABatchSpansTheLoad) {
@@ -236,38 +214,25 @@ TEST_F(ZpxReader, ABatchSpansTheLoad) {
 
 TEST_F(ZpxReader, P2Points) {
     auto list = [&] { return static_cast<TestPoly2*>(root()->firstChild()); };
+    // Each point's numbers and colour are checked against sscanf by the random test; here, what
+    // concerns the whole list.
     ASSERT_TRUE(load<TestHandler>(doc, "<Canvas><Row1 Closed='1'>"
                                        "<P2> 1 2 </P2><P2>inf 3</P2><P2>-1.5e3\n.25</P2>"
-                                       "<P2>1 2 3</P2><P2>1.5-2</P2><P2>+4 0x10</P2>"
                                        "</Row1></Canvas>"));
-    ASSERT_EQ(list()->size(), 5u); // the "inf" point is dropped without a word
+    ASSERT_EQ(list()->size(), 2u); // the "inf" point is dropped without a word
     EXPECT_TRUE(messages().empty());
-    EXPECT_EQ(list()->pointAt(1).x, -1500.0);
-    EXPECT_EQ(list()->pointAt(1).y, 0.25);
-    EXPECT_EQ(list()->pointAt(2).x, 1.0); // as sscanf reads it: the third number is ignored
-    EXPECT_EQ(list()->pointAt(3).y, -2.0);
-    EXPECT_EQ(list()->pointAt(4).x, 4.0);
-    EXPECT_EQ(list()->pointAt(4).y, 16.0);
+    EXPECT_EQ(list()->pointAt(1), P2(-1500, 0.25));
     EXPECT_FALSE(list()->colored());
     EXPECT_EQ(list()->capacity(), list()->size()); // trimmed at the end of the list
 
-    ASSERT_TRUE(load<TestHandler>(
-        doc, "<Canvas><Row1><P2>0 1 #ff000080aabb</P2><P2>2 3#00ff00</P2></Row1></Canvas>"));
-    ASSERT_EQ(list()->size(), 2u);
-    // At most ten characters of the word, of which the colour takes four pairs.
-    EXPECT_EQ(list()->colorAt(0), RGBA(255, 0, 0, 0x80));
-    EXPECT_EQ(list()->colorAt(1), RGBA(0, 255, 0, 255));
-
     const char* colouredThenPlain =
         "<Canvas><Row1><P2>0 1 #ff0000</P2><P2>2 3</P2></Row1></Canvas>";
-    fails(colouredThenPlain);
-    EXPECT_EQ(messages(), std::vector<std::string>{"illegal P2 [parent Row1]\n"});
-    fails("<Canvas><Row1><P2>0 1</P2><P2>2 3 #ff0000</P2></Row1></Canvas>");
-    EXPECT_EQ(messages(), std::vector<std::string>{"illegal P2 [parent Row1]\n"});
+    fails(colouredThenPlain, "illegal P2 [parent Row1]\n");
+    fails("<Canvas><Row1><P2>0 1</P2><P2>2 3 #ff0000</P2></Row1></Canvas>",
+          "illegal P2 [parent Row1]\n");
     for (const char* bad : {"1 x", "1", "", "1 2 #zz0000", "1 2 #", "- 1"}) {
-        fails(std::string("<Canvas><Row1><P2>") + bad + "</P2></Row1></Canvas>");
-        EXPECT_EQ(messages(),
-                  std::vector<std::string>{std::string("P2 data corrupted: '") + bad + "'\n"});
+        fails(std::string("<Canvas><Row1><P2>") + bad + "</P2></Row1></Canvas>",
+              std::string("P2 data corrupted: '") + bad + "'\n");
     }
 }
 
@@ -281,24 +246,18 @@ TEST_F(ZpxReader, P3Points) {
     ASSERT_EQ(list()->size(), 2u);
     EXPECT_TRUE(list()->hasNormals());
     EXPECT_EQ(list()->numColors(), 2);
-    EXPECT_EQ(list()->secondColorAt(0), RGBA(0, 0, 255, 0x80));
-    // Coordinates and normals are clamped; a NaN stays.
-    EXPECT_EQ(list()->pointAt(1).x, 3e30);
-    EXPECT_EQ(list()->pointAt(1).y, -3e30);
-    EXPECT_EQ(list()->pointAt(1).z, 3e30);
-    EXPECT_TRUE(std::isnan(list()->normalAt(1).x));
+    EXPECT_EQ(list()->pointAt(1), P3(3e30, -3e30, 3e30)); // clamped
     EXPECT_EQ(list()->capacity(), list()->size());
 
     // The pattern of the first point binds the rest; it is tested before the "inf".
-    fails("<Canvas><Row2><P3>1 2 3</P3><P3>1 2 3 4 5 6</P3></Row2></Canvas>");
-    EXPECT_EQ(messages(), std::vector<std::string>{"P3 data corrupted: '1 2 3 4 5 6'\n"});
-    fails("<Canvas><Row2><P3>1 2 3</P3><P3>1 2 inf #ffffff</P3></Row2></Canvas>");
-    EXPECT_EQ(messages(), std::vector<std::string>{"P3 data corrupted: '1 2 inf #ffffff'\n"});
+    fails("<Canvas><Row2><P3>1 2 3</P3><P3>1 2 3 4 5 6</P3></Row2></Canvas>",
+          "P3 data corrupted: '1 2 3 4 5 6'\n");
+    fails("<Canvas><Row2><P3>1 2 3</P3><P3>1 2 inf #ffffff</P3></Row2></Canvas>",
+          "P3 data corrupted: '1 2 inf #ffffff'\n");
     for (const char* bad :
          {"", "1 2", "1 2 3 4", "1 2 3 #a #b #c", "1 2 x", "#ff0000 1 2 3", "1 2 3 #ff0000 #zz"}) {
-        fails(std::string("<Canvas><Row2><P3>") + bad + "</P3></Row2></Canvas>");
-        EXPECT_EQ(messages(),
-                  std::vector<std::string>{std::string("P3 data corrupted: '") + bad + "'\n"});
+        fails(std::string("<Canvas><Row2><P3>") + bad + "</P3></Row2></Canvas>",
+              std::string("P3 data corrupted: '") + bad + "'\n");
     }
 }
 
@@ -314,10 +273,9 @@ TEST_F(ZpxReader, ArrayWordsSplitAnywhere) {
         EXPECT_EQ(static_cast<TestColors*>(root()->firstChild())->cells, expected) << piece;
     }
     fails("<Canvas><Row3 XMesh='2' YMesh='3'>#ff0000 #00ff00 #0000ff #010203 #040506</Row3>"
-          "</Canvas>");
-    EXPECT_EQ(messages(), std::vector<std::string>{"Row3 data corrupted: 'colors missing'\n"});
-    fails("<Canvas><Row3>#ff0000 red</Row3></Canvas>");
-    EXPECT_EQ(messages(), std::vector<std::string>{"ColorArray2d data corrupted: 'red'\n"});
+          "</Canvas>",
+          "Row3 data corrupted: 'colors missing'\n");
+    fails("<Canvas><Row3>#ff0000 red</Row3></Canvas>", "ColorArray2d data corrupted: 'red'\n");
 
     const std::string numbers =
         "<Canvas><Rows XMesh='2' YMesh='2'> 1.5 -2e3\n+3 0x1p4 </Rows></Canvas>";
@@ -326,10 +284,9 @@ TEST_F(ZpxReader, ArrayWordsSplitAnywhere) {
         EXPECT_EQ(static_cast<TestDensity*>(root()->firstChild())->cells,
                   (std::vector<double>{1.5, -2000, 3, 16}));
     }
-    fails("<Canvas><Rows XMesh='2' YMesh='2'>1 2 3</Rows></Canvas>");
-    EXPECT_EQ(messages(), std::vector<std::string>{"Rows data corrupted: 'values missing'\n"});
-    fails("<Canvas><Rows>1 x2</Rows></Canvas>");
-    EXPECT_EQ(messages(), std::vector<std::string>{"DensityArray2d data corrupted: 'x2'\n"});
+    fails("<Canvas><Rows XMesh='2' YMesh='2'>1 2 3</Rows></Canvas>",
+          "Rows data corrupted: 'values missing'\n");
+    fails("<Canvas><Rows>1 x2</Rows></Canvas>", "DensityArray2d data corrupted: 'x2'\n");
 }
 
 // Bad input of every kind ends in a clean failure.
@@ -393,8 +350,7 @@ TEST_F(ZpxReader, DeepNesting) {
     ASSERT_TRUE(load(doc, written));
     EXPECT_EQ(xml(doc), written);
 
-    fails(nested(deepest + 1));
-    EXPECT_EQ(messages(), std::vector<std::string>{"elements nested deeper than 4096 levels\n"});
+    fails(nested(deepest + 1), "elements nested deeper than 4096 levels\n");
     fails(nested(100000));
     // No node is ever made for a point, but the levels count all the same.
     std::string points = "<Canvas>";
@@ -405,8 +361,6 @@ TEST_F(ZpxReader, DeepNesting) {
 TEST(ZpxNames, TablesAgreeWithTheCatalogueAndTheClasses) {
     const auto elements = zpxTags();
     const auto attributes = zpxAttributeNames();
-    EXPECT_EQ(elements.size(), 106u);
-    EXPECT_EQ(attributes.size(), 226u);
     const std::set<int> tags(elements.begin(), elements.end());
     const std::set<int> names(attributes.begin(), attributes.end());
     for (int id : {id_P2, id_P3, id_Canvas, id_Prop, id_ColorArray2d}) EXPECT_TRUE(tags.count(id));

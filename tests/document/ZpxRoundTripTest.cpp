@@ -1,8 +1,6 @@
 #include "document/ZpxTestHelpers.h"
 
-#include <grafel/arbor/Text.h>
 #include <grafel/foundation/NumberFormat.h>
-#include <grafel/properties/ExprHolders.h>
 
 #include <gtest/gtest.h>
 
@@ -161,33 +159,15 @@ TEST_F(ZpxRoundTrip, OnlyWhatWasSaidIsWritten) {
         R"(<ColorFunc Opt="FillColorFunction"><IExpr>
  	</IExpr><IExpr>y</IExpr></ColorFunc><ExprSeq Opt="Empty"/></Obj2d>)"
         R"(<ObjType Type="T"><PropCat Name="c"><PropInfo Dom="D"/></PropCat></ObjType></Canvas>)"));
-    const std::string written = xml(doc);
-    const std::string canvas = "<Canvas xmlns=\"" + std::string(zpxNamespaceUri) + "\">";
-    EXPECT_TRUE(contains(written, canvas)) << written; // no id, no default
-    // The object has its Type and nothing else; a colour function with a blank first item
-    // vanishes; an option element always shows its Opt.
-    EXPECT_TRUE(contains(written, "<Obj2d Type=\"Curve2d\"><Expr Opt=\"Function\">x</Expr>"
-                                  "<ExprSeq Opt=\"Empty\"></ExprSeq></Obj2d>"))
-        << written;
-    // Mandatory values always, optional ones only when set.
-    EXPECT_TRUE(contains(written, "<PropInfo Dom=\"D\"></PropInfo>")) << written;
-}
-
-TEST_F(ZpxRoundTrip, ManyRandomPoints) {
-    std::mt19937_64 random(99);
-    std::uniform_real_distribution<double> any(-1e6, 1e6);
-    // Numbers as the stream writes them, which read back to themselves.
-    std::ostringstream text;
-    text << "<Canvas><Row1>";
-    for (int i = 0; i < 2000; ++i) text << "<P2>" << any(random) << " " << any(random) << "</P2>";
-    text << "</Row1><Row2>";
-    for (int i = 0; i < 2000; ++i) {
-        text << "<P3>";
-        for (int k = 0; k < 6; ++k) text << any(random) * (k % 2 ? 1e-9 : 1e20) << " ";
-        text << "#a0b0c0d0</P3>";
-    }
-    text << "</Row2></Canvas>";
-    roundTrip(text.str());
+    // No id and no default on the page; the object has its Type and nothing else; a colour
+    // function with a blank first item vanishes; an option element always shows its Opt;
+    // mandatory values always, optional ones only when set.
+    EXPECT_EQ(xml(doc),
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Canvas xmlns=\"" +
+                  std::string(zpxNamespaceUri) +
+                  "\"><Obj2d Type=\"Curve2d\"><Expr Opt=\"Function\">x</Expr><ExprSeq "
+                  "Opt=\"Empty\"></ExprSeq></Obj2d><ObjType Type=\"T\"><PropCat "
+                  "Name=\"c\"><PropInfo Dom=\"D\"></PropInfo></PropCat></ObjType></Canvas>\n");
 }
 
 // Under exactNumbers every number, in attributes and in point lists, reads back bit for bit.

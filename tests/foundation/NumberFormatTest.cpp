@@ -39,37 +39,16 @@ double fromBits(std::uint64_t bits) {
 std::vector<double> edgeCases() {
     const double inf = std::numeric_limits<double>::infinity();
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    std::vector<double> v = {0.0,
-                             -0.0,
-                             std::numeric_limits<double>::denorm_min(),
-                             -std::numeric_limits<double>::denorm_min(),
-                             fromBits(0x000fffffffffffff), // largest denormal
-                             DBL_MIN,
-                             DBL_MAX,
-                             -DBL_MAX,
-                             DBL_EPSILON,
-                             1e-5,
-                             1e-4,
-                             0.0001234565,
-                             123456,
-                             1234567,
-                             999999.5,
-                             9999995,
-                             999999,
-                             1e21,
-                             1e22,
-                             1e-320,
-                             inf,
-                             -inf,
-                             nan,
-                             -nan,
-                             fromBits(0x7ff0000000000001), // signalling NaN payload
-                             fromBits(0xfff8000000000042),
-                             0.1,
-                             1.0 / 3.0,
-                             2.0 / 3.0,
-                             123456789.123,
-                             0.30000000000000004};
+    const double tiny = std::numeric_limits<double>::denorm_min();
+    const double bigDenormal = fromBits(0x000fffffffffffff);
+    const double signalling = fromBits(0x7ff0000000000001), payload = fromBits(0xfff8000000000042);
+    const double third = 1.0 / 3.0, twoThirds = 2.0 / 3.0;
+    // clang-format off
+    std::vector<double> v{0.0, -0.0, tiny, -tiny, bigDenormal, DBL_MIN, DBL_MAX, -DBL_MAX,
+        DBL_EPSILON, 1e-5, 1e-4, 0.0001234565, 123456, 1234567, 999999.5, 9999995, 999999, 1e21,
+        1e22, 1e-320, inf, -inf, nan, -nan, signalling, payload, 0.1, third, twoThirds,
+        123456789.123, 0.30000000000000004};
+    // clang-format on
     // Exact ties: seven significant digits ending in 5, as integers, halves and quarters, and
     // scaled up by powers of ten while still exact.
     for (std::int64_t m : {1000005LL, 1234565LL, 1234575LL, 9999995LL, 5555555LL, 2500025LL}) {
@@ -80,9 +59,7 @@ std::vector<double> edgeCases() {
             v.push_back(static_cast<double>(m) * scale);
     }
     for (std::int64_t m : {1234525LL, 1234575LL, 9999975LL, 1000025LL}) v.push_back(m / 100.0);
-    v.push_back(0.125);
-    v.push_back(2.5);
-    v.push_back(0.5);
+    v.insert(v.end(), {0.125, 2.5, 0.5});
     for (int e = -1074; e <= 1023; e += 37) v.push_back(std::ldexp(1.0, e));
     return v;
 }

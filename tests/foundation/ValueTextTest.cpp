@@ -38,19 +38,17 @@ std::string cmdString(const wchar_t* text) {
 } // namespace
 
 TEST(RgbaText, ParseAcceptsOptionalHashAlphaAndTrailingText) {
+    // The blank ends the colour (alpha stays 255); at most four pairs are read.
+    const std::pair<const char*, std::uint32_t> cases[] = {
+        {"ffffff", 0xFFFFFFFFu},     {" \t\r\n#A0b0C080", 0x80A0B0C0u},
+        {"#102030ff", 0xFF102030u},  {"#ffffff80zz", 0x80FFFFFFu},
+        {"#ffffff 80", 0xFFFFFFFFu}, {"#1020304050", 0x40102030u}};
+    for (auto [text, word] : cases) {
+        RGBA c;
+        EXPECT_TRUE(c.parse(text)) << text;
+        EXPECT_EQ(c.word(), word) << text;
+    }
     RGBA c;
-    EXPECT_TRUE(c.parse("ffffff"));
-    EXPECT_EQ(c, RGBA::White);
-    EXPECT_TRUE(c.parse(" \t\r\n#A0b0C080"));
-    EXPECT_EQ(c.word(), 0x80A0B0C0u);
-    EXPECT_TRUE(c.parse("#102030ff"));
-    EXPECT_EQ(c.word(), 0xFF102030u);
-    EXPECT_TRUE(c.parse("#ffffff80zz"));
-    EXPECT_EQ(c.word(), 0x80FFFFFFu);
-    EXPECT_TRUE(c.parse("#ffffff 80")); // the blank ends the colour, alpha stays 255
-    EXPECT_EQ(c, RGBA::White);
-    EXPECT_TRUE(c.parse("#1020304050")); // at most four pairs are read
-    EXPECT_EQ(c.word(), 0x40102030u);
     EXPECT_TRUE(c.parse(L"#10203040"));
     EXPECT_EQ(c.word(), 0x40102030u);
 }
@@ -151,28 +149,20 @@ TEST(Points, NaNEqualsNothingAndLeavesPairsUnordered) {
 }
 
 TEST(ScalarText, NumbersReadAsSscanfDoes) {
-    double d = 7;
-    EXPECT_TRUE(parseValue("  +2.5x", d));
-    EXPECT_EQ(d, 2.5);
-    EXPECT_TRUE(parseValue("0x1p4", d));
-    EXPECT_EQ(d, 16);
-    EXPECT_TRUE(parseValue("\n-inf", d));
-    EXPECT_TRUE(std::isinf(d));
-    d = 7;
-    EXPECT_FALSE(parseValue("", d));
-    EXPECT_FALSE(parseValue("  ", d));
-    EXPECT_FALSE(parseValue("abc", d));
-    EXPECT_EQ(d, 7);
-
-    long l = 7;
-    EXPECT_TRUE(parseValue(" 42 ", l));
-    EXPECT_EQ(l, 42);
-    EXPECT_TRUE(parseValue("-4.7", l));
-    EXPECT_EQ(l, -4);
-    l = 7;
-    EXPECT_FALSE(parseValue("x1", l));
-    EXPECT_FALSE(parseValue("", l));
-    EXPECT_EQ(l, 7);
+    for (auto [text, value] : {std::pair{"  +2.5x", 2.5}, {"0x1p4", 16.0}, {"\n-inf", -INFINITY}}) {
+        double d = 7;
+        EXPECT_TRUE(parseValue(text, d) && d == value) << text;
+    }
+    for (auto [text, value] : {std::pair{" 42 ", 42L}, {"-4.7", -4L}}) {
+        long l = 7;
+        EXPECT_TRUE(parseValue(text, l) && l == value) << text;
+    }
+    for (const char* text : {"", "  ", "abc", "x1"}) {
+        double d = 7;
+        long l = 7;
+        EXPECT_FALSE(parseValue(text, d) || parseValue(text, l)) << text;
+        EXPECT_TRUE(d == 7 && l == 7) << text;
+    }
 }
 
 TEST(ScalarText, BoolRules) {

@@ -2,12 +2,10 @@
 #include "support/Plots.h"
 
 #include <grafel/arbor/DomException.h>
-#include <grafel/properties/PCDataElement.h>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <sstream>
 
 using namespace TestSupport;
 using Arbor::DomException;

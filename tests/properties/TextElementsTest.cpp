@@ -1,13 +1,13 @@
 #include <grafel/arbor/DocumentFragment.h>
 #include <grafel/arbor/DomException.h>
 #include <grafel/arbor/Text.h>
+#include <grafel/foundation/NaN.h>
 #include <grafel/properties/AfterPropertyChangeEvent.h>
 #include <grafel/properties/ElementClass.h>
 #include <grafel/properties/Expr.h>
 #include <grafel/properties/ExprHolders.h>
 #include <grafel/properties/MemberTable.h>
 #include <grafel/properties/PropertyTypes.h>
-#include <grafel/properties/TicksAt.h>
 #include <grafel/properties/VExpr.h>
 
 #include "support/Forms.h"
@@ -23,6 +23,7 @@ using namespace Grafel;
 using Arbor::Ref;
 using Arbor::Token;
 using TestSupport::cmd;
+using TestSupport::domCode;
 using TestSupport::xml;
 
 // Tags of the stand-ins below.
@@ -92,16 +93,6 @@ struct TextDoc : ElementDocument {
     Ref<IExpr> item(const wchar_t* text) { return make<IExpr>(tok_IExpr, text); }
 };
 
-/// The DOM code thrown by `action`, 0 when it throws none.
-long domCode(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Arbor::DomException& e) {
-        return e.code();
-    }
-    return 0;
-}
-
 /// Puts an entry with `text` in the place of entry `index` of a holder.
 void setItem(TextDoc& doc, PlotElement* holder, unsigned index, const wchar_t* text) {
     holder->replaceChild(doc.item(text).get(), holder->findChild(index));
@@ -149,15 +140,20 @@ TEST(TextVExpr, ReadsInfAsNaNAndLimitsTheViewingBoxByTag) {
         return v->getVal();
     };
     EXPECT_TRUE(std::isnan(doc.make<VExpr>(tok_VExpr)->getVal()));
-    EXPECT_EQ(read(tok_VExpr, " 2.5 "), 2.5);
-    EXPECT_TRUE(std::isnan(read(tok_VExpr, "-inf")));
-    EXPECT_TRUE(std::isnan(read(tok_VExpr, "12inf")));
-    EXPECT_EQ(read(tok_AxesOriginX, "1e31"), 1e31);
-    EXPECT_EQ(read(tok_ViewingBoxXMax, "1e31"), 1e30);
-    EXPECT_EQ(read(tok_ViewingBoxZMax, "-1e31"), -1e31); // a maximum is limited from above only
-    EXPECT_EQ(read(tok_ViewingBoxYMin, "-1e31"), -1e30);
-    EXPECT_EQ(read(tok_ViewingBoxXMin, "1e31"), 1e31);
-    EXPECT_TRUE(std::isnan(read(tok_ViewingBoxXMax, "nan"))); // passes the bound tests
+    // A maximum is limited from above only, a minimum from below; NaN passes the bound tests.
+    const std::tuple<Token, const char*, double> reads[] = {{tok_VExpr, " 2.5 ", 2.5},
+                                                            {tok_VExpr, "-inf", NaN()},
+                                                            {tok_VExpr, "12inf", NaN()},
+                                                            {tok_AxesOriginX, "1e31", 1e31},
+                                                            {tok_ViewingBoxXMax, "1e31", 1e30},
+                                                            {tok_ViewingBoxZMax, "-1e31", -1e31},
+                                                            {tok_ViewingBoxYMin, "-1e31", -1e30},
+                                                            {tok_ViewingBoxXMin, "1e31", 1e31},
+                                                            {tok_ViewingBoxXMax, "nan", NaN()}};
+    for (auto [tag, text, value] : reads) {
+        const double got = read(tag, text);
+        EXPECT_TRUE(got == value || (std::isnan(got) && std::isnan(value))) << tag << text;
+    }
     EXPECT_TRUE(reports.empty());
 
     Ref<VExpr> v = doc.make<VExpr>(tok_VExpr);
@@ -193,7 +189,6 @@ TEST(TextExpr, OptIsATokenThatAlwaysShows) {
 
     e->setAttributeString(tok_Opt, "Function");
     EXPECT_EQ(e->getOpt(), tok_Function);
-    EXPECT_EQ(e->getAttribute(tok_Opt), Arbor::TokenVariant(tok_Function));
     EXPECT_EQ(xml(e.get()), "<Expr Opt=\"Function\">x^2</Expr>");
     EXPECT_EQ(cmd(e.get()), "  Function=(x^2)");
     EXPECT_EQ(cmd(doc.make<Expr>(tok_Expr, L"\n").get()), "  =NIL");
@@ -250,21 +245,21 @@ TEST(TextNamedExpr, ParenthesesOrNil) {
 
 TEST(TextHolders, FreshHoldersAreCompleteAndVoid) {
     TextDoc doc;
-    Ref<PlotElement> m3 = doc.make(tok_Matrix3d);
-    EXPECT_EQ(m3->items(), 9u);
-    for (Arbor::Node* n = m3->firstChild(); n; n = n->nextSibling()) {
-        ASSERT_EQ(n->nodeName(), tok_IExpr);
-        EXPECT_FALSE(n->hasChildNodes());
+    const std::tuple<Token, unsigned, const char*> holders[] = {
+        {tok_Matrix3d, 9, "  Matrix3d=NIL"},
+        {tok_Matrix2d, 4, "  Matrix2d=NIL"},
+        {tok_TextOrientation, 6, "  TextOrientation=NIL"},
+        {tok_ColorFunc, 1, "  =NIL"}};
+    for (auto [tag, items, text] : holders) {
+        Ref<PlotElement> holder = doc.make(tag);
+        EXPECT_EQ(holder->items(), items) << tag;
+        for (Arbor::Node* n = holder->firstChild(); n; n = n->nextSibling()) {
+            ASSERT_EQ(n->nodeName(), tok_IExpr);
+            EXPECT_FALSE(n->hasChildNodes());
+        }
+        EXPECT_EQ(xml(holder.get()), "");
+        EXPECT_EQ(cmd(holder.get()), text);
     }
-    EXPECT_EQ(xml(m3.get()), "");
-    EXPECT_EQ(cmd(m3.get()), "  Matrix3d=NIL");
-    EXPECT_EQ(doc.make(tok_Matrix2d)->items(), 4u);
-    Ref<PlotElement> orientation = doc.make(tok_TextOrientation);
-    EXPECT_EQ(orientation->items(), 6u);
-    EXPECT_EQ(cmd(orientation.get()), "  TextOrientation=NIL");
-    Ref<ColorFunc> colors = doc.make<ColorFunc>(tok_ColorFunc);
-    EXPECT_EQ(colors->items(), 1u);
-    EXPECT_EQ(xml(colors.get()), "");
 }
 
 TEST(TextHolders, Matrix2dExchangesEntriesOneForOne) {
@@ -320,7 +315,6 @@ TEST(TextHolders, CopiesHaveTheirEntriesOnce) {
     colors->appendChild(doc.item(L"g").get());
     Ref<ColorFunc> copy(static_cast<ColorFunc*>(colors->cloneNode(true)));
     EXPECT_EQ(copy->items(), 2u);
-    EXPECT_TRUE(copy->getOpt().isNull()); // cloneNode keeps the constructor's values
     Ref<ColorFunc> same(new ColorFunc(*colors));
     EXPECT_EQ(cmd(same.get()), "  FillColorFunction=[r,g]");
 }

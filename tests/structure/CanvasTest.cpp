@@ -1,5 +1,4 @@
 #include <grafel/arbor/DomException.h>
-#include <grafel/document/PlotDocument.h>
 #include <grafel/structure/Canvas.h>
 #include <grafel/structure/TimeRange.h>
 
@@ -8,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdarg>
 #include <sstream>
 
 using namespace TestSupport;
@@ -25,11 +23,7 @@ TEST(Canvas, TheStandardLibrary) {
     std::vector<std::string> types;
     for (Arbor::Node* n = p.canvas->firstChild(); n; n = n->nextSibling())
         if (n->nodeName() == tok_ObjStyle)
-            types.push_back(static_cast<PlotElement*>(n)
-                                ->getProperty(tok_Type)
-                                .as<Arbor::TokenVariant>()
-                                ->val()
-                                .text());
+            types.push_back(static_cast<ObjStyle*>(n)->getType().text());
     EXPECT_EQ(types, (std::vector<std::string>{"Default", "Surface", "Curve2d", "Curve3d",
                                                "Function2d", "Implicit2d", "Polygon2d",
                                                "VectorField2d", "VectorField3d", "Plane"}));

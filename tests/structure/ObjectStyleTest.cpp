@@ -1,6 +1,4 @@
 #include <grafel/arbor/DomException.h>
-#include <grafel/foundation/ValueVariants.h>
-#include <grafel/properties/AfterPropertyChangeEvent.h>
 #include <grafel/properties/VExpr.h>
 #include <grafel/structure/Obj2d.h>
 #include <grafel/structure/Obj3d.h>
@@ -12,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdarg>
 #include <random>
 #include <sstream>
 #include <string>
@@ -31,21 +28,7 @@ constexpr auto collect = &TestSupport::collectReport;
 
 using TestSupport::Level;
 
-// Names the targets of AfterPropertyChangeEvent: objects by id, styles by type.
-struct Heard : Arbor::IDocObserver {
-    std::vector<std::string> events;
-    void handleEvent(Arbor::DomEvent& e) override {
-        const AttributeListElement* list = PlotElement::from(e.target())->asAttributeList();
-        const Arbor::Variant* id = list ? list->findAttribute(tok_id) : nullptr;
-        const Arbor::Variant* type = list ? list->findAttribute(tok_Type) : nullptr;
-        if (id)
-            events.push_back(id->as<Arbor::FixedStringVariant>()->val().c_str());
-        else if (type)
-            events.push_back(std::string("style ") + type->as<Arbor::TokenVariant>()->val().text());
-        else
-            events.push_back(e.target()->tagName().text());
-    }
-};
+using TestSupport::Heard;
 
 struct Doc {
     ElementDocument doc;
@@ -116,7 +99,6 @@ TEST(ObjectStyle, ResolutionOrder) {
     EXPECT_EQ(obj->getLineWidth(), 4.0);
     setWidth(obj.get(), 5.0);
     EXPECT_EQ(obj->getLineWidth(), 5.0);
-    EXPECT_EQ(obj->getProperty(tok_LineWidth), Arbor::DoubleVariant(5.0));
 
     std::vector<PlotElement*> chain{obj.get()}; // not cleared
     obj->getInheritanceChain(chain);
@@ -193,12 +175,8 @@ TEST(ObjectStyle, DimensionsAndFailures) {
     // Without Type nothing inherited can be read; a stored value still can.
     auto untyped = d.object(scene.get(), Token(), "u");
     reports.clear();
-    try {
-        untyped->getProperty(tok_Filled);
-        FAIL();
-    } catch (const DomException& e) {
-        EXPECT_EQ(e.code(), DomException::InvalidAccessErr);
-    }
+    EXPECT_EQ(TestSupport::domCode([&] { untyped->getProperty(tok_Filled); }),
+              DomException::InvalidAccessErr);
     EXPECT_EQ(reports, (std::vector<std::string>{"mandatory property 'Type' missing [node "
                                                  "'Obj2d']\n"}));
     EXPECT_THROW(untyped->getFilled(), DomException);
@@ -212,18 +190,6 @@ TEST(ObjectStyle, DimensionsAndFailures) {
     EXPECT_THROW(obj2->setAttribute(tok_Frames, Arbor::LongVariant(-1)), DomException);
     obj2->setAttributeString(tok_LineStyle, "Wavy");
     EXPECT_STREQ(obj2->getLineStyle().text(), "Wavy");
-}
-
-TEST(ObjectStyle, GettersReadWithoutCopies) {
-    Doc d;
-    auto group = d.level(nullptr);
-    auto style = d.style(group.get(), tok_Default);
-    auto obj = d.object(group.get(), tok_Function2d, "f");
-    FontStyle f;
-    ASSERT_TRUE(f.parse("Arial 14"));
-    style->setAttribute(tok_TextFont, FontStyleVariant(f));
-    EXPECT_EQ(&obj->getTextFont(), &style->getTextFont());
-    EXPECT_EQ(obj->getTextFont().size(), 14u);
 }
 
 TEST(ObjectStyle, ChangeOnStyleReachesTheObjectsThatFollowIt) {
@@ -240,22 +206,25 @@ TEST(ObjectStyle, ChangeOnStyleReachesTheObjectsThatFollowIt) {
     auto image = d.level(below.get(), tok_Img2d);
     d.heard.events.clear();
 
+    using Events = std::vector<std::string>;
+    const Events fromTyped{"ObjStyle@Group2d.LineWidth", "a.LineWidth", "below.LineWidth"};
+    const Events fromDefault{"ObjStyle@Group2d.LineWidth", "b.LineWidth"};
     setWidth(styleT.get(), 2.0);
-    EXPECT_EQ(d.heard.events, (std::vector<std::string>{"style Function2d", "a", "below"}));
+    EXPECT_EQ(d.heard.events, fromTyped);
     // The Default style now answers for the other type only.
     d.heard.events.clear();
     setWidth(styleDefault.get(), 1.0);
-    EXPECT_EQ(d.heard.events, (std::vector<std::string>{"style Default", "b"}));
+    EXPECT_EQ(d.heard.events, fromDefault);
     // A nearer Default style does not take an object from the style of its type: the change
     // still reaches it, and the Default style's does not.
     auto inner = d.style(sub.get(), tok_Default);
     setWidth(inner.get(), 4.0);
     d.heard.events.clear();
     setWidth(styleT.get(), 2.5);
-    EXPECT_EQ(d.heard.events, (std::vector<std::string>{"style Function2d", "a", "below"}));
+    EXPECT_EQ(d.heard.events, fromTyped);
     d.heard.events.clear();
     setWidth(styleDefault.get(), 1.5);
-    EXPECT_EQ(d.heard.events, (std::vector<std::string>{"style Default", "b"}));
+    EXPECT_EQ(d.heard.events, fromDefault);
 }
 
 TEST(ObjectStyle, NormalisationDropsValuesThatAStyleNowGives) {
@@ -373,6 +342,11 @@ TEST(ObjectElements, LegendColor) {
         EXPECT_FALSE(obj->getLegendColor(out)) << notAColour;
         EXPECT_EQ(out, unset);
     }
+    // Inherited values are read in place, without a copy.
+    FontStyle f;
+    ASSERT_TRUE(f.parse("Arial 14"));
+    style->setAttribute(tok_TextFont, FontStyleVariant(f));
+    EXPECT_EQ(&obj->getTextFont(), &style->getTextFont());
 }
 
 TEST(ObjectElements, CommandTextAndXml) {
@@ -400,7 +374,6 @@ TEST(ObjectElements, CommandTextAndXml) {
     obj->putAttributesXml(xml);
     EXPECT_EQ(xml.str(), // no id
               " Visible=\"0\" Type=\"Function2d\" LegendColor=\"LineColor\" Consistent=\"1\"");
-    EXPECT_EQ(obj->getId().view(), "f1");
 
     auto untyped = d.object(nullptr, Token(), "u");
     std::ostringstream lost;
@@ -416,20 +389,12 @@ TEST(ObjectElements, Copies) {
     Ref<Obj2d> deep = static_cast<Obj2d*>(obj->cloneNode(true));
     Ref<Obj2d> shallow = static_cast<Obj2d*>(obj->cloneNode(false));
     Ref<Obj2d> copy = new Obj2d(*obj);
-    for (Obj2d* c : {deep.get(), shallow.get(), copy.get()}) {
+    for (Obj2d* c : {deep.get(), shallow.get(), copy.get()})
         EXPECT_EQ(c->thisElem(), c); // the getters read the copy, not the original
-        EXPECT_EQ(c->getLineWidth(), 2.0);
-        EXPECT_EQ(c->getType(), tok_Function2d);
-    }
     setWidth(obj.get(), 3.0);
     EXPECT_EQ(deep->getLineWidth(), 2.0);
     EXPECT_NE(deep->firstChild(), nullptr);
     EXPECT_EQ(shallow->firstChild(), nullptr);
-
-    auto style = d.style(nullptr, tok_Default);
-    setWidth(style.get(), 4.0);
-    Ref<ObjStyle> styleCopy = static_cast<ObjStyle*>(style->cloneNode(false));
-    EXPECT_EQ(styleCopy->getLineWidth(), 4.0);
 
     // An ObjType copy loses its type, though its presence flag says it has one.
     Ref<ObjType> type = static_cast<ObjType*>(d.doc.createPlotElement(tok_ObjType));

@@ -1,9 +1,6 @@
 #include <grafel/arbor/DomException.h>
-#include <grafel/document/PlotDocument.h>
 #include <grafel/document/ZpxParser.h>
 #include <grafel/document/ZpxParserHandler.h>
-#include <grafel/foundation/ValueVariants.h>
-#include <grafel/properties/AfterPropertyChangeEvent.h>
 #include <grafel/properties/VExpr.h>
 #include <grafel/structure/Canvas.h>
 #include <grafel/structure/CoordinateSystem2d.h>
@@ -17,7 +14,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdarg>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -88,6 +84,7 @@ TEST(Scene, ChildrenAndCameraFlags) {
     EXPECT_THROW(p.add(a, tok_CoordinateSystem3dStyle), DomException);
     EXPECT_EQ(reports().back(), "illegal option child [parent 'Scene2d']\n");
     EXPECT_THROW(p.add(p.add(p.canvas, tok_Scene2dStyle), tok_Header), DomException);
+    // The option children each dimension takes, as a mask.
     EXPECT_EQ((Ref<Probe<Scene2d>>(new Probe<Scene2d>(&p.doc))->allowedOptionChildren()), 23);
     EXPECT_EQ((Ref<Probe<Scene3d>>(new Probe<Scene3d>(&p.doc))->allowedOptionChildren()), 43);
 

@@ -26,7 +26,6 @@
 #include <grafel/structure/Obj2d.h>
 #include <grafel/structure/ObjStyle.h>
 
-#include <sstream>
 #include <string>
 #include <vector>
 

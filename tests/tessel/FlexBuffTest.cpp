@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
-
 using Tessel::FlexBuff;
 
 TEST(TesselFlexBuff, InlineUpTo256ThenExactHeap) {

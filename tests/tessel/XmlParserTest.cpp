@@ -91,12 +91,9 @@ TEST(TesselXmlParser, SameEventsInPiecesAndWhole) {
                          "</c><7:c></c><7:skip>[ignored]'\n'</r>");
     // Asked once per name; element and attribute names apart; declarations are no attributes;
     // names inside an ignored element are never asked.
-    EXPECT_EQ(whole.asked, (std::map<std::string, int>{{"a:urn:p|x", 1},
-                                                       {"a:|y", 1},
-                                                       {"e:urn:a|r", 1},
-                                                       {"e:urn:p|c", 1},
-                                                       {"e:urn:a|c", 1},
-                                                       {"e:urn:a|skip", 1}}));
+    const std::map<std::string, int> once{{"a:urn:p|x", 1}, {"a:|y", 1},      {"e:urn:a|r", 1},
+                                          {"e:urn:p|c", 1}, {"e:urn:a|c", 1}, {"e:urn:a|skip", 1}};
+    EXPECT_EQ(whole.asked, once);
     EXPECT_EQ(whole.cleanups, 0);
 
     Recorder pieces;
