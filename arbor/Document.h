@@ -157,7 +157,7 @@ private:
     std::unique_ptr<State> state_;
     std::uint64_t changeCount_ = 1;
     std::uint64_t structureCount_ = 1;
-    bool hasObservers_ = false; // may stay true after the last observer went
+    bool hasObservers_ = false; // kept by addObserver and removeObserver
 };
 
 } // namespace Arbor
