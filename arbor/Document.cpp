@@ -78,20 +78,32 @@ void Document::tearDown() {
 // ---- Observers and events -------------------------------------------------------------------
 
 void Document::addObserver(IDocObserver* observer, Token type) {
-    if (observer && !type.isNull()) state_->observers.push_back({observer, type});
+    if (!observer || type.isNull()) return;
+    state_->observers.push_back({observer, type});
+    hasObservers_ = true;
 }
 
 void Document::addObserver(IDocObserver* observer) {
-    if (observer) state_->observers.push_back({observer, Token()});
+    if (!observer) return;
+    state_->observers.push_back({observer, Token()});
+    hasObservers_ = true;
 }
 
 void Document::removeObserver(IDocObserver* observer, Token type) {
     state_->dropObservers(
         [&](const State::Observer& o) { return o.observer == observer && o.type == type; });
+    hasObservers_ = observed();
 }
 
 void Document::removeObserver(IDocObserver* observer) {
     state_->dropObservers([&](const State::Observer& o) { return o.observer == observer; });
+    hasObservers_ = observed();
+}
+
+bool Document::observed() const {
+    for (const auto& o : state_->observers)
+        if (o.observer) return true;
+    return false;
 }
 
 bool Document::observed(Token type) const {

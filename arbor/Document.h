@@ -39,6 +39,9 @@ class Range;
 /// Changes. changeCount() grows with every change of the tree or of an attribute of any of its
 /// nodes, by whatever path (guarded, raw, replayed, or a subtree being released), so that a
 /// value derived from the tree may be kept for as long as the count stays the same.
+/// structureCount() grows with the same changes except those confined to content leaves (an
+/// attribute of a leaf, a child change that puts in or takes out leaves only): a value that
+/// reads no leaf may be kept for as long as that count stays the same.
 class Document : public InnerNode {
 public:
     ~Document() override;
@@ -98,9 +101,20 @@ public:
 
     /// Grows with every change (see above); never 0, so 0 can stand for "never valid".
     std::uint64_t changeCount() const { return changeCount_; }
+    /// Grows with every change that is not confined to content leaves; never 0.
+    std::uint64_t structureCount() const { return structureCount_; }
     /// Counts a change made behind the kernel's back: a raw store of a value that the kernel
     /// cannot see (the raw child and attribute operations of the kernel count their own).
-    void noteChange() { ++changeCount_; }
+    void noteChange() {
+        ++changeCount_;
+        ++structureCount_;
+    }
+    /// Counts a change confined to content leaves: structureCount() stays.
+    void noteLeafChange() { ++changeCount_; }
+    /// Counts a change of the attributes of `node`.
+    void noteChangeOf(const Node* node) { node->isContentLeaf() ? noteLeafChange() : noteChange(); }
+    /// Whether any observer is registered: when none is, an event need not even be made.
+    bool hasObservers() const { return hasObservers_; }
 
     /// Depth of open batches.
     int batchDepth() const;
@@ -137,9 +151,13 @@ private:
     static void relinkChain(const std::vector<Ref<Node>>& nodes);
     void deliver(DomEvent& event);
     bool observed(Token type) const;
+    /// Whether any observer is left.
+    bool observed() const;
 
     std::unique_ptr<State> state_;
     std::uint64_t changeCount_ = 1;
+    std::uint64_t structureCount_ = 1;
+    bool hasObservers_ = false; // kept by addObserver and removeObserver
 };
 
 } // namespace Arbor

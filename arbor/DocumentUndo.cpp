@@ -20,11 +20,11 @@ public:
         Element* e = element_.get();
         if (forUndo ? hadOld_ : hasNew_) {
             e->setAttributeRaw(name_, forUndo ? old_ : new_);
-            if (Document* d = e->ownerDocument()) d->noteChange();
+            if (Document* d = e->ownerDocument()) d->noteChangeOf(e);
             e->walkAfterSet(e, name_);
         } else {
             e->removeAttributeRaw(name_);
-            if (Document* d = e->ownerDocument()) d->noteChange();
+            if (Document* d = e->ownerDocument()) d->noteChangeOf(e);
             e->walkAfterRemove(e, name_);
         }
     }

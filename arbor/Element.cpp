@@ -60,7 +60,7 @@ void Element::setAttribute(Token name, const Variant& value) {
                                    value);
     }
     setAttributeRaw(name, value);
-    if (document_) document_->noteChange();
+    if (document_) document_->noteChangeOf(this);
     walkAfterSet(this, name);
 }
 
@@ -74,7 +74,7 @@ void Element::removeAttribute(Token name) {
                                    Variant());
     }
     removeAttributeRaw(name);
-    if (document_) document_->noteChange();
+    if (document_) document_->noteChangeOf(this);
     walkAfterRemove(this, name);
 }
 

@@ -13,7 +13,11 @@ void InnerNode::releaseChildren() {
     if (!n) return; // also keeps a dying document from counting into its own destroyed part
     first_ = last_ = nullptr;
     count_ = 0;
-    if (document_) document_->noteChange();
+    if (document_) {
+        bool leavesOnly = true;
+        for (Node* c = n; c && leavesOnly; c = c->next_) leavesOnly = c->isContentLeaf();
+        leavesOnly ? document_->noteLeafChange() : document_->noteChange();
+    }
     while (n) {
         Node* next = n->next_;
         n->parent_ = n->prev_ = n->next_ = nullptr;
@@ -32,7 +36,10 @@ void InnerNode::replaceChildrenRaw(Node* first, unsigned count, Node* newFirst) 
     Node* before = first ? first->prev_ : last_;
     Node* after = first;
     Node* removedLast = nullptr;
+    // Whether every node taken out or put in is a content leaf, which spares the structure count.
+    bool leavesOnly = true;
     for (unsigned k = 0; k < count && after; ++k) {
+        leavesOnly = leavesOnly && after->isContentLeaf();
         after->parent_ = nullptr;
         removedLast = after;
         after = after->next_;
@@ -61,6 +68,7 @@ void InnerNode::replaceChildrenRaw(Node* first, unsigned count, Node* newFirst) 
             newFirst->prev_->next_ = nullptr;
         }
         for (Node* n = newFirst; n; n = n->next_) {
+            leavesOnly = leavesOnly && n->isContentLeaf();
             n->parent_ = this;
             chainLast = n;
             if (!adopted) {
@@ -84,7 +92,7 @@ void InnerNode::replaceChildrenRaw(Node* first, unsigned count, Node* newFirst) 
         last_ = linkLast;
 
     if (ranges) doc->adjustRanges(this, index, removedLast ? first : nullptr, count, inserted);
-    if (doc) doc->noteChange();
+    if (doc) leavesOnly ? doc->noteLeafChange() : doc->noteChange();
 
     // The references of this node on the removed children go last, when all links are sound.
     for (Node* n = removedLast ? first : nullptr; n;) {

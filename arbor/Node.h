@@ -60,6 +60,10 @@ public:
     /// Called at the end of a guarded child change with the nodes that came in (`count` of
     /// them from `newFirst`), after their afterParentChanged(). Not called on undo or redo.
     virtual void afterReplaceChildren(Node* newFirst, unsigned count);
+    /// Whether this node is a leaf of content: it holds no nodes, and nothing derived from the
+    /// shape of the tree looks at it or at its attributes, so that putting it in, taking it out
+    /// or changing its attributes leaves such values valid (see Document::structureCount()).
+    virtual bool isContentLeaf() const { return false; }
 
     /// The document that made this node (a document is its own).
     Document* ownerDocument() const { return document_; }

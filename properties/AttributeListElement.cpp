@@ -77,7 +77,7 @@ AttributeListElement& AttributeListElement::operator=(const AttributeListElement
 }
 
 void AttributeListElement::noteChange() const {
-    if (document_) document_->noteChange();
+    if (document_) document_->noteChangeOf(this);
 }
 
 void AttributeListElement::setProperty(Token name, const Variant& value) {

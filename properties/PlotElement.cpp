@@ -137,7 +137,7 @@ void PlotElement::propagateAfterAttributeChange(Arbor::Element* source, Token na
 }
 
 void PlotElement::fireAfterPropertyChange(Token name) {
-    if (!document_) return;
+    if (!document_ || !document_->hasObservers()) return;
     AfterPropertyChangeEvent event(this, name);
     document_->fireEvent(event);
 }

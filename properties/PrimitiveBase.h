@@ -13,6 +13,9 @@ class PrimitiveBase : public PlotElement {
 public:
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
     PlotElement* inheritingFrom(Arbor::Token name) const override;
+    /// A primitive holds no styles or objects; one given children behind the checks (a raw
+    /// store) no longer counts as a leaf.
+    bool isContentLeaf() const override { return !firstChild(); }
     void getInheritanceChain(std::vector<PlotElement*>& chain) const override;
 
     PrimitiveBase(const PrimitiveBase& other) = default;

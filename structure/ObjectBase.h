@@ -17,9 +17,10 @@ namespace Grafel {
 /// read, first among the ObjStyle elements of its own Type from its parent's level up to the
 /// root, then among those of type Default, and is otherwise the default of the object's own
 /// descriptor. The styles that this lookup can meet are kept (StyleSequence) until the document
-/// next changes, so that a read does not walk the tree; their values are still read from the
-/// styles themselves. Reading an inherited value, or writing the command form, needs Type: without
-/// it the read reports "mandatory property 'Type' missing" and throws DomException 15.
+/// next changes other than among its primitives, so that a read does not walk the tree; their
+/// values are still read from the styles themselves. Reading an inherited value, or writing the
+/// command form, needs Type: without it the read reports "mandatory property 'Type' missing" and
+/// throws DomException 15.
 class ObjectBase : public LibraryElement, public ObjectStyleGetter {
 public:
     ObjectBase(const ObjectBase& other);

@@ -23,7 +23,7 @@ void StyleSequence::collect(const PlotElement* object) const {
     });
     object_ = object;
     const Arbor::Document* document = object->ownerDocument();
-    stamp_ = document ? document->changeCount() : 0;
+    stamp_ = document ? document->structureCount() : 0;
 }
 
 Token StyleSequence::missingType(const Entry& entry) {

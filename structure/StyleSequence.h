@@ -14,10 +14,11 @@ class ObjStyle;
 
 /// Every ObjStyle that the style walk from an object passes (its own parent's level first, up
 /// to the root, in document order within a level), each with its Type, and the object's own
-/// Type. Collected on the first use after any change of the document (the document's change
-/// count says when), and answered from then on without walking the tree. Its answers are those
-/// of ObjStyle::findStyle and ObjStyle::getInheritanceChain, reports and exceptions included:
-/// a style or object without Type reports and throws exactly when the walk would ask it.
+/// Type. Collected on the first use after a change of the document that is not confined to
+/// content leaves such as primitives (the document's structure count says when), and answered from
+/// then on without walking the tree. Its answers are those of ObjStyle::findStyle and
+/// ObjStyle::getInheritanceChain, reports and exceptions included: a style or object without Type
+/// reports and throws exactly when the walk would ask it.
 class StyleSequence {
 public:
     StyleSequence() = default;
@@ -32,7 +33,7 @@ public:
     /// since the last use.
     const StyleSequence& of(const PlotElement* object) const {
         const Arbor::Document* document = object->ownerDocument();
-        if (!document || stamp_ != document->changeCount() || object_ != object) collect(object);
+        if (!document || stamp_ != document->structureCount() || object_ != object) collect(object);
         return *this;
     }
 

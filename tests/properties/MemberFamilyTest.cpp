@@ -188,6 +188,13 @@ TEST(MemberFamily, ChangesAboveFlowDownAndStopAtExplicitValues) {
     s.holder->setAttribute(tok_LineWidth, Arbor::DoubleVariant(4.0));
     EXPECT_EQ(s.shape->getLineWidth(), 5.0);
     EXPECT_EQ(s.events.heard.size(), 2u);
+    // Without observers no event is made; one that comes back later hears the next changes.
+    s.doc.removeObserver(&s.events, tok_AfterPropertyChange);
+    s.holder->setAttribute(tok_LineWidth, Arbor::DoubleVariant(6.0));
+    EXPECT_EQ(s.events.heard.size(), 2u);
+    s.doc.addObserver(&s.events);
+    s.holder->setAttribute(tok_LineWidth, Arbor::DoubleVariant(7.0));
+    EXPECT_EQ(s.events.heard.size(), 4u);
 }
 
 TEST(MemberFamily, ExtendedTablesShareOnePresenceWordAndFallThroughToTheBases) {

@@ -506,7 +506,7 @@ TEST(ObjectStyle, ReadsFollowEveryKindOfEdit) {
     for (int step = 0; step < 3000; ++step) {
         const Token name = names[random() % 3];
         try {
-            switch (random() % 11) {
+            switch (random() % 14) {
             case 0:
                 member()->setAttribute(name, value(name));
                 break;
@@ -556,6 +556,26 @@ TEST(ObjectStyle, ReadsFollowEveryKindOfEdit) {
             case 10:
                 member()->setProperty(name, value(name));
                 break;
+            // Changes among primitives, which leave the kept style lists as they are, between
+            // the changes above that clear them.
+            case 11: { // an arc moves to the image of another object, or gets a value
+                PlotElement* arc = pick(arcs);
+                if (random() % 2)
+                    pick(objects)->firstChild()->appendChild(arc);
+                else
+                    arc->setAttribute(name, value(name));
+                break;
+            }
+            case 12: { // an arc comes and goes
+                Node* image = pick(objects)->firstChild();
+                Ref<Node> arc = image->appendChild(d.doc.createPlotElement(tok_Arc2d));
+                image->removeChild(arc.get());
+                break;
+            }
+            case 13: // a style or an object put where the primitives are, when that is taken
+                pick(objects)->firstChild()->appendChild(
+                    random() % 2 ? static_cast<Node*>(pick(styles)) : pick(objects));
+                break;
             }
         } catch (const DomException&) {
             // refused, or a walk met a style without Type: the reads below say the same
@@ -575,7 +595,8 @@ TEST(ObjectStyle, ReadsFollowEveryKindOfEdit) {
             }
             ASSERT_EQ(chain, plainChain(o.get())) << "step " << step;
         }
-        // A primitive takes its values when it is put in; then it agrees with its object.
+        // A primitive takes the values it has none of when it is put in; then it agrees with its
+        // object.
         PlotElement* arc = pick(arcs);
         Ref<Node> image = arc->parentNode();
         auto* object = static_cast<Obj2d*>(image->parentNode());
@@ -586,8 +607,9 @@ TEST(ObjectStyle, ReadsFollowEveryKindOfEdit) {
         }
         for (Token n : names) {
             AttributeListElement* from = plainSource(object, n);
-            const Arbor::Variant expected =
-                from ? *from->findAttribute(n) : arc->propertyInfo(n)->defaultValue();
+            const Arbor::Variant expected = arc->hasAttribute(n) ? arc->getAttribute(n)
+                                            : from               ? *from->findAttribute(n)
+                                                   : arc->propertyInfo(n)->defaultValue();
             ASSERT_TRUE(arc->getProperty(n) == expected) << "step " << step;
         }
     }
