@@ -5,6 +5,50 @@
 
 #include <grafel/foundation/Tokens.h>
 #include <grafel/properties/ElementRegistry.h>
+#include <grafel/properties/PlotElement.h>
+
+namespace Grafel {
+
+/// How cloneNode makes the copy of an element: with the constructor's values (attribute
+/// values are not copied), or with the copy constructor (the values and whatever the class
+/// keeps beside the tree).
+enum class CloneBy { construction, copy };
+
+/// The base of a concrete element class Derived on Base whose tag is the token Tag: it gives
+/// the tag, the copy for cloneNode (with the children for `deep`) and the maker, and registers
+/// the maker with the element factory when the library is loaded. Derived names this class its
+/// friend, so that the maker can reach its constructor, and passes its document here.
+template <class Derived, TokenId Tag, class Base, CloneBy clone = CloneBy::construction>
+class ElementClass : public Base {
+public:
+    Arbor::Token tagName() const override { return getToken(Tag); }
+
+    Arbor::Node* cloneNode(bool deep) const override {
+        Derived* copy;
+        if constexpr (clone == CloneBy::copy)
+            copy = new Derived(static_cast<const Derived&>(*this));
+        else
+            copy = new Derived(this->document_);
+        if (deep) this->cloneChildren(copy);
+        return copy;
+    }
+
+    /// A new element of this class for `document`; the caller takes the first reference.
+    static PlotElement* create(Arbor::Document* document) { return new Derived(document); }
+
+protected:
+    explicit ElementClass(Arbor::Document* document) : Base(document) {
+        // Reading the flag makes every class that is constructed register itself.
+        static_cast<void>(listed_);
+    }
+    ElementClass(const ElementClass& other) = default;
+    ElementClass& operator=(const ElementClass& other) = default;
+
+private:
+    inline static const bool listed_ = (registerElementClass(Tag, &Derived::create), true);
+};
+
+} // namespace Grafel
 
 /// Placed in the body of a concrete class Class whose tag is the token of the same name; the
 /// class is the factory's maker of that tag from the time the library is loaded. cloneNode
