@@ -11,8 +11,10 @@ namespace Grafel {
 /// An expression text with its value, the attribute Val. Like Expr it has no descriptor table:
 /// its one attribute is handled here, and any other name is an illegal attribute. A NaN value
 /// is not written to XML.
-class VExpr : public SeqExprElement {
-    GRAFEL_ELEMENT_CLASS(VExpr)
+class VExpr : public ElementClass<VExpr, id_VExpr, SeqExprElement> {
+    friend ElementClass;
+
+public:
     VExpr(const VExpr& other) = default;
 
     /// The value; NaN when none was stated.
@@ -37,7 +39,7 @@ class VExpr : public SeqExprElement {
     bool afterAttributeChange(Arbor::Element* source, Arbor::Token name) override;
 
 protected:
-    explicit VExpr(Arbor::Document* document) : SeqExprElement(document), val_(NaN()) {}
+    explicit VExpr(Arbor::Document* document) : ElementClass(document), val_(NaN()) {}
 
     /// Val with a DoubleVariant.
     bool maySetAttribute(Arbor::Token name, const Arbor::Variant& value) override;
