@@ -12,7 +12,6 @@ namespace Grafel {
 class Img3d : public ElementClass<Img3d, id_Img3d, ImgBase> {
     friend ElementClass;
 
-public:
 protected:
     explicit Img3d(Arbor::Document* document) : ElementClass(document) {}
     /// The 3D primitives, cameras, lights and clipping boxes.

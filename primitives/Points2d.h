@@ -29,7 +29,6 @@ protected:
 class Points2d final : public ElementClass<Points2d, id_Points2d, SymbolicPoints> {
     friend ElementClass;
 
-public:
 protected:
     explicit Points2d(Arbor::Document* document) : ElementClass(document) {}
     Arbor::Token pointTag() const override { return tok_Point2d; }
@@ -39,7 +38,6 @@ protected:
 class Points3d final : public ElementClass<Points3d, id_Points3d, SymbolicPoints> {
     friend ElementClass;
 
-public:
 protected:
     explicit Points3d(Arbor::Document* document) : ElementClass(document) {}
     Arbor::Token pointTag() const override { return tok_Point3d; }

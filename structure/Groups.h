@@ -10,7 +10,6 @@ namespace Grafel {
 class Group2d : public ElementClass<Group2d, id_Group2d, GroupBase> {
     friend ElementClass;
 
-public:
 protected:
     explicit Group2d(Arbor::Document* document) : ElementClass(document) {}
     bool allowedContentChild(Arbor::Token tag) const override;
@@ -21,7 +20,6 @@ protected:
 class Group3d : public ElementClass<Group3d, id_Group3d, GroupBase> {
     friend ElementClass;
 
-public:
 protected:
     explicit Group3d(Arbor::Document* document) : ElementClass(document) {}
     bool allowedContentChild(Arbor::Node* child) const override;

@@ -4,9 +4,6 @@ namespace Grafel {
 
 using Arbor::Token;
 
-GRAFEL_REGISTER_ELEMENT_CLASS(Transform2d);
-GRAFEL_REGISTER_ELEMENT_CLASS(Transform3d);
-
 bool Transform2d::allowedContentChild(Token tag) const {
     return tag == tok_Expr || tag == tok_Tr2d || tag == tok_Obj2d || tag == tok_Group2d ||
            tag == tok_Transform2d;

@@ -11,7 +11,6 @@ namespace Grafel {
 class Transform2d : public ElementClass<Transform2d, id_Transform2d, TransformBase> {
     friend ElementClass;
 
-public:
 protected:
     explicit Transform2d(Arbor::Document* document) : ElementClass(document) {}
     bool allowedContentChild(Arbor::Token tag) const override;
@@ -25,7 +24,6 @@ protected:
 class Transform3d : public ElementClass<Transform3d, id_Transform3d, TransformBase> {
     friend ElementClass;
 
-public:
 protected:
     explicit Transform3d(Arbor::Document* document) : ElementClass(document) {}
     bool allowedContentChild(Arbor::Node* child) const override;
