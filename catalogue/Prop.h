@@ -17,8 +17,10 @@ namespace Grafel {
 
 /// An option value under an object. It takes no children. A copy made by cloneNode has a null
 /// Opt and an empty Val; the copy constructor copies both.
-class Prop : public PlotElement {
-    GRAFEL_ELEMENT_CLASS(Prop)
+class Prop : public ElementClass<Prop, id_Prop, PlotElement> {
+    friend ElementClass;
+
+public:
     GRAFEL_MEMBER_PROPERTIES(Prop, GRAFEL_PROP_TABLE)
 
 public:
@@ -31,7 +33,7 @@ public:
     }
 
 protected:
-    explicit Prop(Arbor::Document* document) : PlotElement(document) {}
+    explicit Prop(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

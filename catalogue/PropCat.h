@@ -16,8 +16,10 @@ namespace Grafel {
 
 /// A category of properties under an ObjType or another PropCat. A copy made by cloneNode has
 /// an empty Name (and, deep, copies of the children): a catalogue is built, not cloned.
-class PropCat : public PlotElement {
-    GRAFEL_ELEMENT_CLASS(PropCat)
+class PropCat : public ElementClass<PropCat, id_PropCat, PlotElement> {
+    friend ElementClass;
+
+public:
     GRAFEL_MEMBER_PROPERTIES(PropCat, GRAFEL_PROPCAT_TABLE)
 
 public:
@@ -28,7 +30,7 @@ public:
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
 
 protected:
-    explicit PropCat(Arbor::Document* document) : PlotElement(document) {}
+    explicit PropCat(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

@@ -26,8 +26,10 @@ namespace Grafel {
 
 /// A catalogue entry under a PropCat. It takes no children. A copy made by cloneNode has all
 /// values empty or null; the copy constructor copies them all.
-class PropInfo : public PlotElement {
-    GRAFEL_ELEMENT_CLASS(PropInfo)
+class PropInfo : public ElementClass<PropInfo, id_PropInfo, PlotElement> {
+    friend ElementClass;
+
+public:
     GRAFEL_MEMBER_PROPERTIES(PropInfo, GRAFEL_PROPINFO_TABLE)
 
 public:
@@ -40,7 +42,7 @@ public:
     }
 
 protected:
-    explicit PropInfo(Arbor::Document* document) : PlotElement(document) {}
+    explicit PropInfo(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

@@ -13,7 +13,7 @@ struct P2 {
     double y;
 
     P2() noexcept = default;
-    constexpr P2(double x, double y) noexcept : x(x), y(y) {}
+    constexpr P2(double x_, double y_) noexcept : x(x_), y(y_) {}
 };
 
 /// A point or vector in space; the default constructor leaves the fields unset.
@@ -23,7 +23,7 @@ struct P3 {
     double z;
 
     P3() noexcept = default;
-    constexpr P3(double x, double y, double z) noexcept : x(x), y(y), z(z) {}
+    constexpr P3(double x_, double y_, double z_) noexcept : x(x_), y(y_), z(z_) {}
 };
 
 /// Four coordinates, as of a homogeneous point or a plane; no text form.
@@ -34,7 +34,8 @@ struct P4 {
     double w;
 
     P4() noexcept = default;
-    constexpr P4(double x, double y, double z, double w) noexcept : x(x), y(y), z(z), w(w) {}
+    constexpr P4(double x_, double y_, double z_, double w_) noexcept
+        : x(x_), y(y_), z(z_), w(w_) {}
 };
 
 // Equality is plain == on each field, so a point that holds a NaN equals nothing, not even

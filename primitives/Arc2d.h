@@ -25,11 +25,12 @@ namespace Grafel {
 
 /// An elliptic arc around Center with the semi-axes SemiAxisX and SemiAxisY, from StartAngle
 /// to EndAngle (radians). The default end, 6.2831853, stops a little short of a full turn.
-class Arc2d : public PrimitiveBase {
-    GRAFEL_PRIMITIVE_CLASS(Arc2d, GRAFEL_ARC2D_TABLE, arcAttributeFlags)
+class Arc2d : public ElementClass<Arc2d, id_Arc2d, PrimitiveBase> {
+    friend ElementClass;
+    GRAFEL_PRIMITIVE_TABLE(Arc2d, GRAFEL_ARC2D_TABLE, arcAttributeFlags)
 
 protected:
-    explicit Arc2d(Arbor::Document* document) : PrimitiveBase(document) {}
+    explicit Arc2d(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

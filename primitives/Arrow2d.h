@@ -18,11 +18,12 @@ namespace Grafel {
 
 /// An arrow from From to To. TipLength is a length on the page (millimetres, at least 0),
 /// TipAngle the half opening of the tip in radians.
-class Arrow2d : public PrimitiveBase {
-    GRAFEL_PRIMITIVE_CLASS(Arrow2d, GRAFEL_ARROW2D_TABLE, arrowAttributeFlags)
+class Arrow2d : public ElementClass<Arrow2d, id_Arrow2d, PrimitiveBase> {
+    friend ElementClass;
+    GRAFEL_PRIMITIVE_TABLE(Arrow2d, GRAFEL_ARROW2D_TABLE, arrowAttributeFlags)
 
 protected:
-    explicit Arrow2d(Arbor::Document* document) : PrimitiveBase(document) {}
+    explicit Arrow2d(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

@@ -7,15 +7,16 @@
 namespace Grafel {
 
 /// An image under an Obj2d. It has the properties of ImgBase but TitlePositionZ.
-class Img2d : public ImgBase {
-    GRAFEL_ELEMENT_CLASS(Img2d)
+class Img2d : public ElementClass<Img2d, id_Img2d, ImgBase> {
+    friend ElementClass;
 
+public:
 public:
     /// What ImgBase knows, but none for TitlePositionZ: a plane image has no z title position.
     Property* propertyInfo(Arbor::Token name) const override;
 
 protected:
-    explicit Img2d(Arbor::Document* document) : ImgBase(document) {}
+    explicit Img2d(Arbor::Document* document) : ElementClass(document) {}
     /// The 2D primitives.
     bool allowedContentChild(Arbor::Token tag) const override;
 };

@@ -16,11 +16,12 @@ namespace Grafel {
 
 /// The line through From and To; Extension says whether it ends at both points (Finite), at
 /// From only (SemiInfinite) or at neither (Infinite).
-class Line2d : public PrimitiveBase {
-    GRAFEL_PRIMITIVE_CLASS(Line2d, GRAFEL_LINE2D_TABLE, lineAttributeFlags)
+class Line2d : public ElementClass<Line2d, id_Line2d, PrimitiveBase> {
+    friend ElementClass;
+    GRAFEL_PRIMITIVE_TABLE(Line2d, GRAFEL_LINE2D_TABLE, lineAttributeFlags)
 
 protected:
-    explicit Line2d(Arbor::Document* document) : PrimitiveBase(document) {}
+    explicit Line2d(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

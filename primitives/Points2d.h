@@ -26,20 +26,20 @@ protected:
 };
 
 /// The points of a 2D object.
-class Points2d final : public SymbolicPoints {
-    GRAFEL_ELEMENT_CLASS(Points2d)
+class Points2d final : public ElementClass<Points2d, id_Points2d, SymbolicPoints> {
+    friend ElementClass;
 
 protected:
-    explicit Points2d(Arbor::Document* document) : SymbolicPoints(document) {}
+    explicit Points2d(Arbor::Document* document) : ElementClass(document) {}
     Arbor::Token pointTag() const override { return tok_Point2d; }
 };
 
 /// The points of a 3D object.
-class Points3d final : public SymbolicPoints {
-    GRAFEL_ELEMENT_CLASS(Points3d)
+class Points3d final : public ElementClass<Points3d, id_Points3d, SymbolicPoints> {
+    friend ElementClass;
 
 protected:
-    explicit Points3d(Arbor::Document* document) : SymbolicPoints(document) {}
+    explicit Points3d(Arbor::Document* document) : ElementClass(document) {}
     Arbor::Token pointTag() const override { return tok_Point3d; }
 };
 

@@ -29,11 +29,12 @@ namespace Grafel {
 /// The vertices of its P2List joined in order, and back to the first when Closed. With
 /// LineColorType Functional the list's colours colour the lines vertex by vertex. A copy keeps
 /// the vertices.
-class Poly2d : public P2List {
-    GRAFEL_PRIMITIVE_CLASS_COPIED(Poly2d, GRAFEL_POLY2D_TABLE, polyAttributeFlags)
+class Poly2d : public ElementClass<Poly2d, id_Poly2d, P2List, CloneBy::copy> {
+    friend ElementClass;
+    GRAFEL_PRIMITIVE_TABLE(Poly2d, GRAFEL_POLY2D_TABLE, polyAttributeFlags)
 
 protected:
-    explicit Poly2d(Arbor::Document* document) : P2List(document) {}
+    explicit Poly2d(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

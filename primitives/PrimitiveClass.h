@@ -1,4 +1,4 @@
-// What every primitive class declares alike: its tag, its copy, its property table with the
+// What every primitive class declares alike: its property table with the
 // members and getters that come from it, and a named lookup of its presence word.
 #pragma once
 
@@ -10,20 +10,9 @@
 
 #include <cstdint>
 
-/// Placed in the body of a primitive Class whose properties are the rows of TABLE. cloneNode
-/// gives a new element with the constructor's values. FlagsLookup names the static function
-/// that answers the member of the presence word.
-#define GRAFEL_PRIMITIVE_CLASS(Class, TABLE, FlagsLookup)                                          \
-    GRAFEL_ELEMENT_CLASS(Class)                                                                    \
-    GRAFEL_PRIMITIVE_TABLE_(Class, TABLE, FlagsLookup)
-
-/// As GRAFEL_PRIMITIVE_CLASS, for a primitive whose cloneNode copies the element with its copy
-/// constructor, so that the copy keeps the data it holds beside the tree (its points).
-#define GRAFEL_PRIMITIVE_CLASS_COPIED(Class, TABLE, FlagsLookup)                                   \
-    GRAFEL_ELEMENT_CLASS_COPIED(Class)                                                             \
-    GRAFEL_PRIMITIVE_TABLE_(Class, TABLE, FlagsLookup)
-
-#define GRAFEL_PRIMITIVE_TABLE_(Class, TABLE, FlagsLookup)                                         \
+/// Placed in the body of a primitive Class (on ElementClass) whose properties are the rows of
+/// TABLE. FlagsLookup names the static function that answers the member of the presence word.
+#define GRAFEL_PRIMITIVE_TABLE(Class, TABLE, FlagsLookup)                                          \
     GRAFEL_MEMBER_PROPERTIES(Class, TABLE)                                                         \
 public:                                                                                            \
     /** The presence word: one bit per property, set while the property has a stated value. */     \

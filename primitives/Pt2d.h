@@ -15,11 +15,12 @@
 namespace Grafel {
 
 /// A point at Position, with a symbol of PointSize millimetres.
-class Pt2d : public PrimitiveBase {
-    GRAFEL_PRIMITIVE_CLASS(Pt2d, GRAFEL_PT2D_TABLE, pointAttributeFlags)
+class Pt2d : public ElementClass<Pt2d, id_Pt2d, PrimitiveBase> {
+    friend ElementClass;
+    GRAFEL_PRIMITIVE_TABLE(Pt2d, GRAFEL_PT2D_TABLE, pointAttributeFlags)
 
 protected:
-    explicit Pt2d(Arbor::Document* document) : PrimitiveBase(document) {}
+    explicit Pt2d(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

@@ -16,11 +16,12 @@ namespace Grafel {
 
 /// The points of its P2List, each drawn with the point symbol; the list's colours, when it has
 /// them, replace PointColor point by point. A copy keeps the points.
-class Pts2d : public P2List {
-    GRAFEL_PRIMITIVE_CLASS_COPIED(Pts2d, GRAFEL_PTS2D_TABLE, ptsAttributeFlags)
+class Pts2d : public ElementClass<Pts2d, id_Pts2d, P2List, CloneBy::copy> {
+    friend ElementClass;
+    GRAFEL_PRIMITIVE_TABLE(Pts2d, GRAFEL_PTS2D_TABLE, ptsAttributeFlags)
 
 protected:
-    explicit Pts2d(Arbor::Document* document) : P2List(document) {}
+    explicit Pts2d(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

@@ -16,8 +16,9 @@ namespace Grafel {
 
 /// The text of its text node children, in document order, at Position, turned by TextRotation
 /// (radians). Its children are text nodes.
-class Text2d : public PrimitiveBase {
-    GRAFEL_PRIMITIVE_CLASS(Text2d, GRAFEL_TEXT2D_TABLE, textAttributeFlags)
+class Text2d : public ElementClass<Text2d, id_Text2d, PrimitiveBase> {
+    friend ElementClass;
+    GRAFEL_PRIMITIVE_TABLE(Text2d, GRAFEL_TEXT2D_TABLE, textAttributeFlags)
 
 public:
     /// Allows any removal. An addition is allowed when its first node is a text node; only
@@ -25,7 +26,7 @@ public:
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
 
 protected:
-    explicit Text2d(Arbor::Document* document) : PrimitiveBase(document) {}
+    explicit Text2d(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

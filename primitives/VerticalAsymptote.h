@@ -14,12 +14,14 @@
 namespace Grafel {
 
 /// The vertical line x = Position.
-class VerticalAsymptote : public PrimitiveBase {
-    GRAFEL_PRIMITIVE_CLASS(VerticalAsymptote, GRAFEL_VERTICALASYMPTOTE_TABLE,
+class VerticalAsymptote
+    : public ElementClass<VerticalAsymptote, id_VerticalAsymptote, PrimitiveBase> {
+    friend ElementClass;
+    GRAFEL_PRIMITIVE_TABLE(VerticalAsymptote, GRAFEL_VERTICALASYMPTOTE_TABLE,
                            asymptoteAttributeFlags)
 
 protected:
-    explicit VerticalAsymptote(Arbor::Document* document) : PrimitiveBase(document) {}
+    explicit VerticalAsymptote(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

@@ -10,8 +10,10 @@ namespace Grafel {
 /// An expression text stated for the option Opt of the element above, written as the item
 /// Opt=(text). It has no descriptor table: Opt, a token that can be set but never removed, is
 /// handled here, and any other name is an illegal attribute.
-class Expr : public PCDataElement {
-    GRAFEL_ELEMENT_CLASS(Expr)
+class Expr : public ElementClass<Expr, id_Expr, PCDataElement> {
+    friend ElementClass;
+
+public:
     Expr(const Expr& other) = default;
 
     /// The option name; null until set.
@@ -38,7 +40,7 @@ class Expr : public PCDataElement {
     void putCmd(CmdOStream& out) override;
 
 protected:
-    explicit Expr(Arbor::Document* document) : PCDataElement(document) {}
+    explicit Expr(Arbor::Document* document) : ElementClass(document) {}
 
     /// Opt with a TokenVariant.
     bool maySetAttribute(Arbor::Token name, const Arbor::Variant& value) override;
@@ -53,8 +55,10 @@ protected:
 };
 
 /// A list of expressions, such as contour levels: IExpr children only, any number of them.
-class ExprSeq : public Expr {
-    GRAFEL_ELEMENT_CLASS(ExprSeq)
+class ExprSeq : public ElementClass<ExprSeq, id_ExprSeq, Expr> {
+    friend ElementClass;
+
+public:
     ExprSeq(const ExprSeq& other) = default;
 
     /// Every new child must be an IExpr; refuses without a report.
@@ -64,7 +68,7 @@ class ExprSeq : public Expr {
     void putCmd(CmdOStream& out) override;
 
 protected:
-    explicit ExprSeq(Arbor::Document* document) : Expr(document) {}
+    explicit ExprSeq(Arbor::Document* document) : ElementClass(document) {}
 };
 
 /// A colour given as one to four expressions (a function, or the components). It is made

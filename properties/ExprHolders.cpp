@@ -60,52 +60,54 @@ void appendEmptyItemsRaw(Arbor::Node* holder, unsigned count) {
 
 } // namespace detail
 
-/// The definitions of a holder declared with GRAFEL_FIXED_HOLDER_CLASS that keeps `Items`
-/// entries.
-#define GRAFEL_DEFINE_FIXED_HOLDER(Class, Items)                                                   \
-    Class::Class(Arbor::Document* document) : PlotElement(document) {                              \
-        detail::appendEmptyItemsRaw(this, Items);                                                  \
-    }                                                                                              \
-    Class::Class(const Class& other) : PlotElement(other) {                                        \
-        detail::replaceItemsRaw(this, &other);                                                     \
-    }                                                                                              \
-    Arbor::Token Class::tagName() const {                                                          \
-        return tok_##Class;                                                                        \
-    }                                                                                              \
-    Arbor::Node* Class::cloneNode(bool deep) const {                                               \
-        auto* copy = new Class(document_);                                                         \
-        if (deep) detail::replaceItemsRaw(copy, this);                                             \
-        return copy;                                                                               \
-    }                                                                                              \
-    PlotElement* Class::create(Arbor::Document* document) {                                        \
-        return new Class(document);                                                                \
-    }                                                                                              \
-    bool Class::mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) {    \
-        /* The present children are not counted: a holder is complete from its construction. */    \
-        return detail::itemsAfterChange(Items, first, count, newFirst) == (Items);                 \
-    }                                                                                              \
-    bool Class::isVoid() const {                                                                   \
-        return detail::firstItemBlank(this);                                                       \
-    }                                                                                              \
-    std::ostream& Class::putXml(std::ostream& out) {                                               \
-        return isVoid() ? out : PlotElement::putXml(out);                                          \
-    }                                                                                              \
-    void Class::putCmd(CmdOStream& out) {                                                          \
-        out.beginItem();                                                                           \
-        out << nodeName() << '=';                                                                  \
-        if (isVoid()) {                                                                            \
-            out << "NIL";                                                                          \
-        } else {                                                                                   \
-            out << '[';                                                                            \
-            detail::putCmdItems(out, this);                                                        \
-            out << ']';                                                                            \
-        }                                                                                          \
-        out.endItem();                                                                             \
-    }                                                                                              \
-    GRAFEL_REGISTER_ELEMENT_CLASS(Class)
+template <TokenId Tag, unsigned Items>
+FixedHolder<Tag, Items>::FixedHolder(Arbor::Document* document) : Element(document) {
+    detail::appendEmptyItemsRaw(this, Items);
+}
 
-GRAFEL_DEFINE_FIXED_HOLDER(Matrix2d, 4);
-GRAFEL_DEFINE_FIXED_HOLDER(Matrix3d, 9);
-GRAFEL_DEFINE_FIXED_HOLDER(TextOrientation, 6);
+template <TokenId Tag, unsigned Items>
+FixedHolder<Tag, Items>::FixedHolder(const FixedHolder& other) : Element(other) {
+    detail::replaceItemsRaw(this, &other);
+}
+
+template <TokenId Tag, unsigned Items>
+Arbor::Node* FixedHolder<Tag, Items>::cloneNode(bool deep) const {
+    auto* copy = new FixedHolder(this->document_);
+    if (deep) detail::replaceItemsRaw(copy, this);
+    return copy;
+}
+
+template <TokenId Tag, unsigned Items>
+bool FixedHolder<Tag, Items>::mayReplaceChildren(Arbor::Node* first, unsigned count,
+                                                 Arbor::Node* newFirst) {
+    // The present children are not counted: a holder is complete from its construction.
+    return detail::itemsAfterChange(Items, first, count, newFirst) == long{Items};
+}
+
+template <TokenId Tag, unsigned Items> bool FixedHolder<Tag, Items>::isVoid() const {
+    return detail::firstItemBlank(this);
+}
+
+template <TokenId Tag, unsigned Items>
+std::ostream& FixedHolder<Tag, Items>::putXml(std::ostream& out) {
+    return isVoid() ? out : PlotElement::putXml(out);
+}
+
+template <TokenId Tag, unsigned Items> void FixedHolder<Tag, Items>::putCmd(CmdOStream& out) {
+    out.beginItem();
+    out << this->nodeName() << '=';
+    if (isVoid()) {
+        out << "NIL";
+    } else {
+        out << '[';
+        detail::putCmdItems(out, this);
+        out << ']';
+    }
+    out.endItem();
+}
+
+template class FixedHolder<id_Matrix2d, 4>;
+template class FixedHolder<id_Matrix3d, 9>;
+template class FixedHolder<id_TextOrientation, 6>;
 
 } // namespace Grafel

@@ -35,4 +35,18 @@ void SeqExprElement::putCmd(CmdOStream& out) {
         putCmdPCData(out);
 }
 
+// The leaves are made here, so that each registers itself with the factory once.
+template class TextLeaf<id_Title, StringElement>;
+template class TextLeaf<id_Header, StringElement>;
+template class TextLeaf<id_Footer, StringElement>;
+template class TextLeaf<id_LegendText, StringElement>;
+template class TextLeaf<id_XAxisTitle, StringElement>;
+template class TextLeaf<id_YAxisTitle, StringElement>;
+template class TextLeaf<id_ZAxisTitle, StringElement>;
+template class TextLeaf<id_ParameterName, NamedExprElement>;
+template class TextLeaf<id_TitlePositionX, NamedExprElement>;
+template class TextLeaf<id_TitlePositionY, NamedExprElement>;
+template class TextLeaf<id_TitlePositionZ, NamedExprElement>;
+template class TextLeaf<id_IExpr, SeqExprElement>;
+
 } // namespace Grafel

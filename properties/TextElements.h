@@ -5,18 +5,19 @@
 #include <grafel/properties/ElementClass.h>
 #include <grafel/properties/PCDataElement.h>
 
-/// Declares a concrete text element Class on Base that differs from its siblings only in its
-/// tag, the token of the class name.
-#define GRAFEL_TEXT_LEAF_CLASS(Class, Base)                                                        \
-    class Class : public Base {                                                                    \
-        GRAFEL_ELEMENT_CLASS(Class)                                                                \
-        Class(const Class& other) = default;                                                       \
-                                                                                                   \
-    protected:                                                                                     \
-        explicit Class(::Arbor::Document* document) : Base(document) {}                            \
-    }
-
 namespace Grafel {
+
+/// A concrete text element on Base that differs from its siblings only in its tag, Tag.
+template <TokenId Tag, class Base>
+class TextLeaf : public ElementClass<TextLeaf<Tag, Base>, Tag, Base> {
+    friend ElementClass<TextLeaf, Tag, Base>;
+
+public:
+    TextLeaf(const TextLeaf& other) = default;
+
+protected:
+    explicit TextLeaf(Arbor::Document* document) : ElementClass<TextLeaf, Tag, Base>(document) {}
+};
 
 /// A string of the plot, such as a title: written as the item tag="text" in command text.
 class StringElement : public PCDataElement {
@@ -33,19 +34,19 @@ protected:
 };
 
 /// The title of a scene, an object or a tick.
-GRAFEL_TEXT_LEAF_CLASS(Title, StringElement);
+using Title = TextLeaf<id_Title, StringElement>;
 /// The header line of a scene.
-GRAFEL_TEXT_LEAF_CLASS(Header, StringElement);
+using Header = TextLeaf<id_Header, StringElement>;
 /// The footer line of a scene.
-GRAFEL_TEXT_LEAF_CLASS(Footer, StringElement);
+using Footer = TextLeaf<id_Footer, StringElement>;
 /// The text of an object's legend entry.
-GRAFEL_TEXT_LEAF_CLASS(LegendText, StringElement);
+using LegendText = TextLeaf<id_LegendText, StringElement>;
 /// The title of the x axis.
-GRAFEL_TEXT_LEAF_CLASS(XAxisTitle, StringElement);
+using XAxisTitle = TextLeaf<id_XAxisTitle, StringElement>;
 /// The title of the y axis.
-GRAFEL_TEXT_LEAF_CLASS(YAxisTitle, StringElement);
+using YAxisTitle = TextLeaf<id_YAxisTitle, StringElement>;
 /// The title of the z axis.
-GRAFEL_TEXT_LEAF_CLASS(ZAxisTitle, StringElement);
+using ZAxisTitle = TextLeaf<id_ZAxisTitle, StringElement>;
 
 /// An expression that stands under its own tag: written as the item tag=(text), or tag=NIL
 /// when the text is blank.
@@ -60,13 +61,13 @@ protected:
 };
 
 /// The name of the animation parameter.
-GRAFEL_TEXT_LEAF_CLASS(ParameterName, NamedExprElement);
+using ParameterName = TextLeaf<id_ParameterName, NamedExprElement>;
 /// The x position of a title.
-GRAFEL_TEXT_LEAF_CLASS(TitlePositionX, NamedExprElement);
+using TitlePositionX = TextLeaf<id_TitlePositionX, NamedExprElement>;
 /// The y position of a title.
-GRAFEL_TEXT_LEAF_CLASS(TitlePositionY, NamedExprElement);
+using TitlePositionY = TextLeaf<id_TitlePositionY, NamedExprElement>;
 /// The z position of a title.
-GRAFEL_TEXT_LEAF_CLASS(TitlePositionZ, NamedExprElement);
+using TitlePositionZ = TextLeaf<id_TitlePositionZ, NamedExprElement>;
 
 /// One item of a sequence (a matrix entry, a colour component, a tick value): written as the
 /// bare text, or "NIL" when blank, with no item of its own; the holder lays out the list.
@@ -81,6 +82,6 @@ protected:
 };
 
 /// An item of a sequence that holds only its expression text.
-GRAFEL_TEXT_LEAF_CLASS(IExpr, SeqExprElement);
+using IExpr = TextLeaf<id_IExpr, SeqExprElement>;
 
 } // namespace Grafel

@@ -8,8 +8,10 @@
 namespace Grafel {
 
 /// The explicit ticks of the x axis; YTicksAt and ZTicksAt differ only in their tag.
-class XTicksAt : public PlotElement {
-    GRAFEL_ELEMENT_CLASS(XTicksAt)
+class XTicksAt : public ElementClass<XTicksAt, id_XTicksAt, PlotElement> {
+    friend ElementClass;
+
+public:
     XTicksAt(const XTicksAt& other) = default;
 
     /// Every new child must be a TickPos; refuses without a report. Removals are free.
@@ -19,25 +21,29 @@ class XTicksAt : public PlotElement {
     void putCmd(CmdOStream& out) override;
 
 protected:
-    explicit XTicksAt(Arbor::Document* document) : PlotElement(document) {}
+    explicit XTicksAt(Arbor::Document* document) : ElementClass(document) {}
 };
 
 /// The explicit ticks of the y axis.
-class YTicksAt : public XTicksAt {
-    GRAFEL_ELEMENT_CLASS(YTicksAt)
+class YTicksAt : public ElementClass<YTicksAt, id_YTicksAt, XTicksAt> {
+    friend ElementClass;
+
+public:
     YTicksAt(const YTicksAt& other) = default;
 
 protected:
-    explicit YTicksAt(Arbor::Document* document) : XTicksAt(document) {}
+    explicit YTicksAt(Arbor::Document* document) : ElementClass(document) {}
 };
 
 /// The explicit ticks of the z axis.
-class ZTicksAt : public XTicksAt {
-    GRAFEL_ELEMENT_CLASS(ZTicksAt)
+class ZTicksAt : public ElementClass<ZTicksAt, id_ZTicksAt, XTicksAt> {
+    friend ElementClass;
+
+public:
     ZTicksAt(const ZTicksAt& other) = default;
 
 protected:
-    explicit ZTicksAt(Arbor::Document* document) : XTicksAt(document) {}
+    explicit ZTicksAt(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

@@ -128,4 +128,23 @@ void ViewingBoxExprElement::putCmd(CmdOStream& out) {
     NamedVExprElement::putCmd(out);
 }
 
+// The leaves are made here, so that each registers itself with the factory once.
+template class TextLeaf<id_AxesOriginX, NamedVExprElement>;
+template class TextLeaf<id_AxesOriginY, NamedVExprElement>;
+template class TextLeaf<id_AxesOriginZ, NamedVExprElement>;
+template class TextLeaf<id_ParameterBegin, NamedVExprElement>;
+template class TextLeaf<id_ParameterEnd, NamedVExprElement>;
+template class TextLeaf<id_XTicksAnchor, NamedVExprElement>;
+template class TextLeaf<id_YTicksAnchor, NamedVExprElement>;
+template class TextLeaf<id_ZTicksAnchor, NamedVExprElement>;
+template class TextLeaf<id_XTicksDistance, NamedVExprElement>;
+template class TextLeaf<id_YTicksDistance, NamedVExprElement>;
+template class TextLeaf<id_ZTicksDistance, NamedVExprElement>;
+template class TextLeaf<id_ViewingBoxXMin, ViewingBoxPart<1>>;
+template class TextLeaf<id_ViewingBoxXMax, ViewingBoxPart<2>>;
+template class TextLeaf<id_ViewingBoxYMin, ViewingBoxPart<4>>;
+template class TextLeaf<id_ViewingBoxYMax, ViewingBoxPart<8>>;
+template class TextLeaf<id_ViewingBoxZMin, ViewingBoxPart<16>>;
+template class TextLeaf<id_ViewingBoxZMax, ViewingBoxPart<32>>;
+
 } // namespace Grafel

@@ -11,8 +11,10 @@ namespace Grafel {
 /// An expression text with its value, the attribute Val. Like Expr it has no descriptor table:
 /// its one attribute is handled here, and any other name is an illegal attribute. A NaN value
 /// is not written to XML.
-class VExpr : public SeqExprElement {
-    GRAFEL_ELEMENT_CLASS(VExpr)
+class VExpr : public ElementClass<VExpr, id_VExpr, SeqExprElement> {
+    friend ElementClass;
+
+public:
     VExpr(const VExpr& other) = default;
 
     /// The value; NaN when none was stated.
@@ -37,7 +39,7 @@ class VExpr : public SeqExprElement {
     bool afterAttributeChange(Arbor::Element* source, Arbor::Token name) override;
 
 protected:
-    explicit VExpr(Arbor::Document* document) : SeqExprElement(document), val_(NaN()) {}
+    explicit VExpr(Arbor::Document* document) : ElementClass(document), val_(NaN()) {}
 
     /// Val with a DoubleVariant.
     bool maySetAttribute(Arbor::Token name, const Arbor::Variant& value) override;
@@ -63,27 +65,27 @@ protected:
 };
 
 /// The x coordinate of the axes' crossing.
-GRAFEL_TEXT_LEAF_CLASS(AxesOriginX, NamedVExprElement);
+using AxesOriginX = TextLeaf<id_AxesOriginX, NamedVExprElement>;
 /// The y coordinate of the axes' crossing.
-GRAFEL_TEXT_LEAF_CLASS(AxesOriginY, NamedVExprElement);
+using AxesOriginY = TextLeaf<id_AxesOriginY, NamedVExprElement>;
 /// The z coordinate of the axes' crossing.
-GRAFEL_TEXT_LEAF_CLASS(AxesOriginZ, NamedVExprElement);
+using AxesOriginZ = TextLeaf<id_AxesOriginZ, NamedVExprElement>;
 /// The first value of the animation parameter.
-GRAFEL_TEXT_LEAF_CLASS(ParameterBegin, NamedVExprElement);
+using ParameterBegin = TextLeaf<id_ParameterBegin, NamedVExprElement>;
 /// The last value of the animation parameter.
-GRAFEL_TEXT_LEAF_CLASS(ParameterEnd, NamedVExprElement);
+using ParameterEnd = TextLeaf<id_ParameterEnd, NamedVExprElement>;
 /// A value that the ticks of the x axis pass through.
-GRAFEL_TEXT_LEAF_CLASS(XTicksAnchor, NamedVExprElement);
+using XTicksAnchor = TextLeaf<id_XTicksAnchor, NamedVExprElement>;
 /// A value that the ticks of the y axis pass through.
-GRAFEL_TEXT_LEAF_CLASS(YTicksAnchor, NamedVExprElement);
+using YTicksAnchor = TextLeaf<id_YTicksAnchor, NamedVExprElement>;
 /// A value that the ticks of the z axis pass through.
-GRAFEL_TEXT_LEAF_CLASS(ZTicksAnchor, NamedVExprElement);
+using ZTicksAnchor = TextLeaf<id_ZTicksAnchor, NamedVExprElement>;
 /// The distance between ticks of the x axis.
-GRAFEL_TEXT_LEAF_CLASS(XTicksDistance, NamedVExprElement);
+using XTicksDistance = TextLeaf<id_XTicksDistance, NamedVExprElement>;
 /// The distance between ticks of the y axis.
-GRAFEL_TEXT_LEAF_CLASS(YTicksDistance, NamedVExprElement);
+using YTicksDistance = TextLeaf<id_YTicksDistance, NamedVExprElement>;
 /// The distance between ticks of the z axis.
-GRAFEL_TEXT_LEAF_CLASS(ZTicksDistance, NamedVExprElement);
+using ZTicksDistance = TextLeaf<id_ZTicksDistance, NamedVExprElement>;
 
 /// A limit of the viewing box. A coordinate system that found the limit itself marks it in
 /// its AutoViewingBox mask; such a limit stays out of the command text, so that the host
@@ -114,16 +116,16 @@ protected:
 };
 
 /// The lower x limit; a value below -1e30 is read as -1e30.
-GRAFEL_TEXT_LEAF_CLASS(ViewingBoxXMin, ViewingBoxPart<1>);
+using ViewingBoxXMin = TextLeaf<id_ViewingBoxXMin, ViewingBoxPart<1>>;
 /// The upper x limit; a value above 1e30 is read as 1e30.
-GRAFEL_TEXT_LEAF_CLASS(ViewingBoxXMax, ViewingBoxPart<2>);
+using ViewingBoxXMax = TextLeaf<id_ViewingBoxXMax, ViewingBoxPart<2>>;
 /// The lower y limit; a value below -1e30 is read as -1e30.
-GRAFEL_TEXT_LEAF_CLASS(ViewingBoxYMin, ViewingBoxPart<4>);
+using ViewingBoxYMin = TextLeaf<id_ViewingBoxYMin, ViewingBoxPart<4>>;
 /// The upper y limit; a value above 1e30 is read as 1e30.
-GRAFEL_TEXT_LEAF_CLASS(ViewingBoxYMax, ViewingBoxPart<8>);
+using ViewingBoxYMax = TextLeaf<id_ViewingBoxYMax, ViewingBoxPart<8>>;
 /// The lower z limit; a value below -1e30 is read as -1e30.
-GRAFEL_TEXT_LEAF_CLASS(ViewingBoxZMin, ViewingBoxPart<16>);
+using ViewingBoxZMin = TextLeaf<id_ViewingBoxZMin, ViewingBoxPart<16>>;
 /// The upper z limit; a value above 1e30 is read as 1e30.
-GRAFEL_TEXT_LEAF_CLASS(ViewingBoxZMax, ViewingBoxPart<32>);
+using ViewingBoxZMax = TextLeaf<id_ViewingBoxZMax, ViewingBoxPart<32>>;
 
 } // namespace Grafel

@@ -44,8 +44,10 @@ namespace Grafel {
 /// object types, and at most one each of Header, Footer, the scene and coordinate-system
 /// styles and TimeRange. It inherits from nothing: its inherited properties take their
 /// defaults.
-class Canvas : public LibraryElement {
-    GRAFEL_ELEMENT_CLASS(Canvas)
+class Canvas : public ElementClass<Canvas, id_Canvas, LibraryElement> {
+    friend ElementClass;
+
+public:
     GRAFEL_LIST_GETTERS(GRAFEL_CANVAS_TABLE)
 
     Canvas(const Canvas& other) = default;
@@ -65,7 +67,7 @@ class Canvas : public LibraryElement {
     virtual void setDefaults();
 
 protected:
-    explicit Canvas(Arbor::Document* document) : LibraryElement(document) {}
+    explicit Canvas(Arbor::Document* document) : ElementClass(document) {}
     bool allowedContentChild(Arbor::Token tag) const override;
     int tagNameToOptionChildFlag(Arbor::Token tag) const override {
         return optionChildFlags.flagOf(tag);

@@ -12,9 +12,11 @@ namespace Grafel {
 /// CoordinateSystem2dStyle of its scene, then that of the page. It takes Obj2d, Group2d,
 /// Transform2d and object styles, and at most one of each option child but those of the third
 /// axis. A copy keeps the values.
-class CoordinateSystem2d : public CoordinateSystemBase {
-    GRAFEL_ELEMENT_CLASS_COPIED(CoordinateSystem2d)
+class CoordinateSystem2d : public ElementClass<CoordinateSystem2d, id_CoordinateSystem2d,
+                                               CoordinateSystemBase, CloneBy::copy> {
+    friend ElementClass;
 
+public:
     CoordinateSystem2d(const CoordinateSystem2d& other) = default;
 
     /// The scene's CoordinateSystem2dStyle when it holds `name`, else the page's when that
@@ -25,7 +27,7 @@ class CoordinateSystem2d : public CoordinateSystemBase {
     Property* propertyInfo(Arbor::Token name) const override;
 
 protected:
-    explicit CoordinateSystem2d(Arbor::Document* document) : CoordinateSystemBase(document) {}
+    explicit CoordinateSystem2d(Arbor::Document* document) : ElementClass(document) {}
     bool allowedContentChild(Arbor::Token tag) const override;
     int allowedOptionChildren() const override { return optionChildFlags.all() & ~zOptionChildren; }
 };

@@ -11,9 +11,11 @@ namespace Grafel {
 /// those of 3D systems and the system's own, in this order of lookup; its styles are the
 /// CoordinateSystem3dStyle of its scene, then that of the page. It takes Obj3d, Group3d,
 /// Transform3d and object styles, and at most one of each option child. A copy keeps the values.
-class CoordinateSystem3d : public CoordinateSystemBase {
-    GRAFEL_ELEMENT_CLASS_COPIED(CoordinateSystem3d)
+class CoordinateSystem3d : public ElementClass<CoordinateSystem3d, id_CoordinateSystem3d,
+                                               CoordinateSystemBase, CloneBy::copy> {
+    friend ElementClass;
 
+public:
     CoordinateSystem3d(const CoordinateSystem3d& other) = default;
 
     /// The scene's CoordinateSystem3dStyle when it holds `name`, else the page's when that
@@ -24,7 +26,7 @@ class CoordinateSystem3d : public CoordinateSystemBase {
     Property* propertyInfo(Arbor::Token name) const override;
 
 protected:
-    explicit CoordinateSystem3d(Arbor::Document* document) : CoordinateSystemBase(document) {}
+    explicit CoordinateSystem3d(Arbor::Document* document) : ElementClass(document) {}
     bool allowedContentChild(Arbor::Token tag) const override;
     int allowedOptionChildren() const override { return optionChildFlags.all(); }
 };

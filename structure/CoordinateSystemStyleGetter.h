@@ -16,8 +16,8 @@ namespace Grafel {
 /// changes.
 class CoordinateSystemStyleGetter {
 public:
-    /// Serves `elem`, for good; `elem` is the element this getter is part of.
-    explicit CoordinateSystemStyleGetter(PlotElement* elem) : elem(elem) {}
+    /// Serves `element`, for good; `element` is the element this getter is part of.
+    explicit CoordinateSystemStyleGetter(PlotElement* element) : elem(element) {}
     /// A copy would serve the wrong element: the class mixing this in passes its own `this`.
     CoordinateSystemStyleGetter(const CoordinateSystemStyleGetter&) = delete;
     /// Keeps the element served.

@@ -7,27 +7,32 @@ namespace Grafel {
 
 using Arbor::Token;
 
-/// The definitions of a style declared with GRAFEL_COORDINATE_SYSTEM_STYLE_CLASS that styles
-/// the systems tagged System and takes its own dimension's values from DimensionTable. A style
-/// looks one level above its parent: from a scene to the page, from the page to nothing.
-#define GRAFEL_DEFINE_COORDINATE_SYSTEM_STYLE(Class, System, DimensionTable)                       \
-    PlotElement* Class::inheritingFrom(Token name) const {                                         \
-        return detail::holding(detail::styleAt(detail::parentOf(parent_), tok_##Class), name);     \
-    }                                                                                              \
-    void Class::getInheritanceChain(std::vector<PlotElement*>& chain) const {                      \
-        if (PlotElement* style = detail::styleAt(detail::parentOf(parent_), tok_##Class))          \
-            chain.push_back(style);                                                                \
-    }                                                                                              \
-    Property* Class::propertyInfo(Token name) const {                                              \
-        return findInTables<DimensionTable, coordinateSystemStylePropertyList>(name);              \
-    }                                                                                              \
-    Token Class::getCmdType() {                                                                    \
-        return tok_##System;                                                                       \
-    }
+// A style looks one level above its parent: from a scene to the page, from the page to
+// nothing.
+template <TokenId Tag> PlotElement* CoordinateSystemStyle<Tag>::inheritingFrom(Token name) const {
+    return detail::holding(detail::styleAt(detail::parentOf(this->parent_), getToken(Tag)), name);
+}
 
-GRAFEL_DEFINE_COORDINATE_SYSTEM_STYLE(CoordinateSystem2dStyle, CoordinateSystem2d,
-                                      coordinateSystem2dStylePropertyList)
-GRAFEL_DEFINE_COORDINATE_SYSTEM_STYLE(CoordinateSystem3dStyle, CoordinateSystem3d,
-                                      coordinateSystem3dStylePropertyList)
+template <TokenId Tag>
+void CoordinateSystemStyle<Tag>::getInheritanceChain(std::vector<PlotElement*>& chain) const {
+    if (PlotElement* style = detail::styleAt(detail::parentOf(this->parent_), getToken(Tag)))
+        chain.push_back(style);
+}
+
+template <TokenId Tag> Property* CoordinateSystemStyle<Tag>::propertyInfo(Token name) const {
+    if constexpr (Tag == id_CoordinateSystem2dStyle)
+        return findInTables<coordinateSystem2dStylePropertyList, coordinateSystemStylePropertyList>(
+            name);
+    else
+        return findInTables<coordinateSystem3dStylePropertyList, coordinateSystemStylePropertyList>(
+            name);
+}
+
+template <TokenId Tag> Token CoordinateSystemStyle<Tag>::getCmdType() {
+    return Tag == id_CoordinateSystem2dStyle ? tok_CoordinateSystem2d : tok_CoordinateSystem3d;
+}
+
+template class CoordinateSystemStyle<id_CoordinateSystem2dStyle>;
+template class CoordinateSystemStyle<id_CoordinateSystem3dStyle>;
 
 } // namespace Grafel

@@ -4,9 +4,6 @@ namespace Grafel {
 
 using Arbor::Token;
 
-GRAFEL_REGISTER_ELEMENT_CLASS(Group2d);
-GRAFEL_REGISTER_ELEMENT_CLASS(Group3d);
-
 bool Group2d::allowedContentChild(Token tag) const {
     return tag == tok_Obj2d || tag == tok_Group2d || tag == tok_Transform2d || tag == tok_ObjStyle;
 }

@@ -17,8 +17,10 @@ namespace Grafel {
 /// CoordinateSystemBase::getConstrainedScaling). Its value is held in a member; it takes no
 /// children and writes no command text. A copy made by cloneNode has no Scaling: a hint
 /// belongs to the plot it was found for.
-class Hints : public PlotElement {
-    GRAFEL_ELEMENT_CLASS(Hints)
+class Hints : public ElementClass<Hints, id_Hints, PlotElement> {
+    friend ElementClass;
+
+public:
     GRAFEL_MEMBER_PROPERTIES(Hints, GRAFEL_HINTS_TABLE)
 
 public:
@@ -30,7 +32,7 @@ public:
     }
 
 protected:
-    explicit Hints(Arbor::Document* document) : PlotElement(document) {}
+    explicit Hints(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

@@ -17,8 +17,10 @@ namespace Grafel {
 /// that type. Its Type is kept in a member. A copy made by cloneNode keeps no Type value, only
 /// the presence flag that every ObjType has from its constructor: whoever copies an entry gives
 /// the copy its type.
-class ObjType : public PlotElement {
-    GRAFEL_ELEMENT_CLASS(ObjType)
+class ObjType : public ElementClass<ObjType, id_ObjType, PlotElement> {
+    friend ElementClass;
+
+public:
     GRAFEL_MEMBER_PROPERTIES(ObjType, GRAFEL_OBJTYPE_TABLE)
 
 public:
@@ -28,7 +30,7 @@ public:
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
 
 protected:
-    explicit ObjType(Arbor::Document* document) : PlotElement(document) {}
+    explicit ObjType(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

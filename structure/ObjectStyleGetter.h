@@ -43,8 +43,8 @@ class ObjectStyleGetter : public detail::ObjectStyleGetters<ObjectStyleGetter>,
                           public detail::Object3dStyleGetters<ObjectStyleGetter>,
                           public detail::ObjectGetters<ObjectStyleGetter> {
 public:
-    /// Serves `elem`, for good; `elem` is the element this getter is part of.
-    explicit ObjectStyleGetter(PlotElement* elem) : elem(elem) {}
+    /// Serves `element`, for good; `element` is the element this getter is part of.
+    explicit ObjectStyleGetter(PlotElement* element) : elem(element) {}
     /// A copy would serve the wrong element: the class mixing this in passes its own `this`.
     ObjectStyleGetter(const ObjectStyleGetter&) = delete;
     /// Keeps the element served.

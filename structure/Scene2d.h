@@ -10,9 +10,10 @@ namespace Grafel {
 /// in this order of lookup; its style is the page's Scene2dStyle. It takes coordinate systems
 /// CoordinateSystem2d and object styles, and at most one each of Header, Footer, View2d and
 /// CoordinateSystem2dStyle.
-class Scene2d : public SceneBase {
-    GRAFEL_ELEMENT_CLASS(Scene2d)
+class Scene2d : public ElementClass<Scene2d, id_Scene2d, SceneBase> {
+    friend ElementClass;
 
+public:
     Scene2d(const Scene2d& other) = default;
 
     /// The page's Scene2dStyle when it holds `name`, else null.
@@ -22,7 +23,7 @@ class Scene2d : public SceneBase {
     Property* propertyInfo(Arbor::Token name) const override;
 
 protected:
-    explicit Scene2d(Arbor::Document* document) : SceneBase(document) {}
+    explicit Scene2d(Arbor::Document* document) : ElementClass(document) {}
     bool allowedContentChild(Arbor::Token tag) const override;
     int allowedOptionChildren() const override {
         return optionChildFlags.mask(id_Header, id_Footer, id_View2d, id_CoordinateSystem2dStyle);

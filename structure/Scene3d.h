@@ -11,9 +11,10 @@ namespace Grafel {
 /// those of 3D scenes, in this order of lookup; its style is the page's Scene3dStyle. It takes
 /// coordinate systems CoordinateSystem3d and object styles, and at most one each of Header,
 /// Footer, View3d and CoordinateSystem3dStyle.
-class Scene3d : public SceneBase {
-    GRAFEL_ELEMENT_CLASS(Scene3d)
+class Scene3d : public ElementClass<Scene3d, id_Scene3d, SceneBase> {
+    friend ElementClass;
 
+public:
     Scene3d(const Scene3d& other) = default;
 
     /// The page's Scene3dStyle when it holds `name`, else null.
@@ -31,7 +32,7 @@ class Scene3d : public SceneBase {
     bool getOrthogonalProjection() const;
 
 protected:
-    explicit Scene3d(Arbor::Document* document) : SceneBase(document) {}
+    explicit Scene3d(Arbor::Document* document) : ElementClass(document) {}
     bool allowedContentChild(Arbor::Token tag) const override;
     int allowedOptionChildren() const override {
         return optionChildFlags.mask(id_Header, id_Footer, id_View3d, id_CoordinateSystem3dStyle);

@@ -15,8 +15,8 @@ namespace Grafel {
 /// into the record or descriptor that holds them, valid until the tree changes.
 class SceneStyleGetter {
 public:
-    /// Serves `elem`, for good; `elem` is the element this getter is part of.
-    explicit SceneStyleGetter(PlotElement* elem) : elem(elem) {}
+    /// Serves `element`, for good; `element` is the element this getter is part of.
+    explicit SceneStyleGetter(PlotElement* element) : elem(element) {}
     /// A copy would serve the wrong element: the class mixing this in passes its own `this`.
     SceneStyleGetter(const SceneStyleGetter&) = delete;
     /// Keeps the element served.

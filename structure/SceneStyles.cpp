@@ -6,17 +6,18 @@ namespace Grafel {
 
 using Arbor::Token;
 
-/// The definitions of a style declared with GRAFEL_SCENE_STYLE_CLASS that styles the scenes
-/// tagged Scene and takes its properties from the tables that follow, in this order.
-#define GRAFEL_DEFINE_SCENE_STYLE(Class, Scene, ...)                                               \
-    Property* Class::propertyInfo(Token name) const {                                              \
-        return findInTables<__VA_ARGS__>(name);                                                    \
-    }                                                                                              \
-    Token Class::getCmdType() {                                                                    \
-        return tok_##Scene;                                                                        \
-    }
+template <TokenId Tag> Property* SceneStyle<Tag>::propertyInfo(Token name) const {
+    if constexpr (Tag == id_Scene2dStyle)
+        return findInTables<sceneStylePropertyList>(name);
+    else
+        return findInTables<scene3dStylePropertyList, sceneStylePropertyList>(name);
+}
 
-GRAFEL_DEFINE_SCENE_STYLE(Scene2dStyle, Scene2d, sceneStylePropertyList)
-GRAFEL_DEFINE_SCENE_STYLE(Scene3dStyle, Scene3d, scene3dStylePropertyList, sceneStylePropertyList)
+template <TokenId Tag> Token SceneStyle<Tag>::getCmdType() {
+    return Tag == id_Scene2dStyle ? tok_Scene2d : tok_Scene3d;
+}
+
+template class SceneStyle<id_Scene2dStyle>;
+template class SceneStyle<id_Scene3dStyle>;
 
 } // namespace Grafel

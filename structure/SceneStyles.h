@@ -6,39 +6,45 @@
 #include <grafel/properties/LibraryElement.h>
 #include <grafel/structure/SceneStyleGetter.h>
 
-/// Declares the style class Class of the scenes of one dimension; the tables it takes its
-/// properties from are given in the source file.
-#define GRAFEL_SCENE_STYLE_CLASS(Class)                                                            \
-    class Class : public StyleElement, public SceneStyleGetter {                                   \
-        GRAFEL_ELEMENT_CLASS(Class)                                                                \
-                                                                                                   \
-        Class(const Class& other) : StyleElement(other), SceneStyleGetter(this) {}                 \
-        Class& operator=(const Class& other) {                                                     \
-            StyleElement::operator=(other);                                                        \
-            return *this;                                                                          \
-        }                                                                                          \
-                                                                                                   \
-        Property* propertyInfo(Arbor::Token name) const override;                                  \
-                                                                                                   \
-        /* Both bases can name the element the table getters read; it is this one either way. */   \
-        using StyleElement::listElement_;                                                          \
-                                                                                                   \
-    protected:                                                                                     \
-        explicit Class(Arbor::Document* document)                                                  \
-            : StyleElement(document), SceneStyleGetter(this) {}                                    \
-        /** The tag of the scenes styled: values are written as "plot::SCENE::name=value". */      \
-        Arbor::Token getCmdType() override;                                                        \
+namespace Grafel {
+
+/// The style class of the scenes of one dimension, tagged Tag; the tables it takes its
+/// properties from and the tag of the scenes it styles are given in the source file.
+template <TokenId Tag>
+class SceneStyle : public ElementClass<SceneStyle<Tag>, Tag, StyleElement>,
+                   public SceneStyleGetter {
+    friend ElementClass<SceneStyle, Tag, StyleElement>;
+
+public:
+    SceneStyle(const SceneStyle& other)
+        : ElementClass<SceneStyle, Tag, StyleElement>(other), SceneStyleGetter(this) {}
+    SceneStyle& operator=(const SceneStyle& other) {
+        StyleElement::operator=(other);
+        return *this;
     }
 
-namespace Grafel {
+    Property* propertyInfo(Arbor::Token name) const override;
+
+    // Both bases can name the element the table getters read; it is this one either way.
+    using StyleElement::listElement_;
+
+protected:
+    explicit SceneStyle(Arbor::Document* document)
+        : ElementClass<SceneStyle, Tag, StyleElement>(document), SceneStyleGetter(this) {}
+    /// The tag of the scenes styled: values are written as "plot::SCENE::name=value".
+    Arbor::Token getCmdType() override;
+};
 
 /// The style of the 2D scenes of a page: the style values of every scene. It inherits from
 /// nothing, so a value it lacks is the descriptor's default. It has no children; a copy made
 /// by cloneNode starts without values.
-GRAFEL_SCENE_STYLE_CLASS(Scene2dStyle);
+using Scene2dStyle = SceneStyle<id_Scene2dStyle>;
 /// The style of the 3D scenes of a page: the style values of every scene and those of 3D
 /// scenes. It inherits from nothing and has no children; a copy made by cloneNode starts
 /// without values.
-GRAFEL_SCENE_STYLE_CLASS(Scene3dStyle);
+using Scene3dStyle = SceneStyle<id_Scene3dStyle>;
+
+extern template class SceneStyle<id_Scene2dStyle>;
+extern template class SceneStyle<id_Scene3dStyle>;
 
 } // namespace Grafel

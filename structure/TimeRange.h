@@ -13,8 +13,10 @@ namespace Grafel {
 
 /// An option child of the Canvas with the begin and end of the animation, held in members. It
 /// takes no children.
-class TimeRange : public PlotElement {
-    GRAFEL_ELEMENT_CLASS(TimeRange)
+class TimeRange : public ElementClass<TimeRange, id_TimeRange, PlotElement> {
+    friend ElementClass;
+
+public:
     GRAFEL_MEMBER_PROPERTIES(TimeRange, GRAFEL_TIMERANGE_TABLE)
 
 public:
@@ -24,7 +26,7 @@ public:
     }
 
 protected:
-    explicit TimeRange(Arbor::Document* document) : PlotElement(document) {}
+    explicit TimeRange(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel

@@ -8,11 +8,11 @@ namespace Grafel {
 
 /// A 2D transform: takes Expr, its frames Tr2d, Obj2d, Group2d and Transform2d, and the
 /// options ParameterName, ParameterBegin, ParameterEnd and Matrix2d.
-class Transform2d : public TransformBase {
-    GRAFEL_ELEMENT_CLASS(Transform2d)
+class Transform2d : public ElementClass<Transform2d, id_Transform2d, TransformBase> {
+    friend ElementClass;
 
 protected:
-    explicit Transform2d(Arbor::Document* document) : TransformBase(document) {}
+    explicit Transform2d(Arbor::Document* document) : ElementClass(document) {}
     bool allowedContentChild(Arbor::Token tag) const override;
     int allowedOptionChildren() const override {
         return parameterOptions | optionChildFlags.mask(id_Matrix2d);
@@ -23,11 +23,11 @@ protected:
 /// A 3D transform: takes Expr, its frames Tr3d, Obj3d, Group3d and Transform3d, and the
 /// options ParameterName, ParameterBegin, ParameterEnd and Matrix3d. As a Group3d, it refuses
 /// cameras, lights, clipping boxes and objects without Type.
-class Transform3d : public TransformBase {
-    GRAFEL_ELEMENT_CLASS(Transform3d)
+class Transform3d : public ElementClass<Transform3d, id_Transform3d, TransformBase> {
+    friend ElementClass;
 
 protected:
-    explicit Transform3d(Arbor::Document* document) : TransformBase(document) {}
+    explicit Transform3d(Arbor::Document* document) : ElementClass(document) {}
     bool allowedContentChild(Arbor::Node* child) const override;
     bool allowedContentChild(Arbor::Token tag) const override;
     int allowedOptionChildren() const override {
