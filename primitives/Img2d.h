@@ -11,7 +11,6 @@ class Img2d : public ElementClass<Img2d, id_Img2d, ImgBase> {
     friend ElementClass;
 
 public:
-public:
     /// What ImgBase knows, but none for TitlePositionZ: a plane image has no z title position.
     Property* propertyInfo(Arbor::Token name) const override;
 

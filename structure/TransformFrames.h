@@ -19,21 +19,23 @@
 namespace Grafel {
 
 /// A frame of a Transform2d: the map x -> (Row1 . x, Row2 . x) + Shift.
-class Tr2d : public TrBase {
-    GRAFEL_ELEMENT_CLASS(Tr2d)
+class Tr2d : public ElementClass<Tr2d, id_Tr2d, TrBase> {
+    friend ElementClass;
+
     GRAFEL_MEMBER_PROPERTIES_EXTENDING(Tr2d, TrBase, GRAFEL_TR2D_TABLE)
 
 protected:
-    explicit Tr2d(Arbor::Document* document) : TrBase(document) {}
+    explicit Tr2d(Arbor::Document* document) : ElementClass(document) {}
 };
 
 /// A frame of a Transform3d: the map with the three rows Row1 to Row3 and the translation Shift.
-class Tr3d : public TrBase {
-    GRAFEL_ELEMENT_CLASS(Tr3d)
+class Tr3d : public ElementClass<Tr3d, id_Tr3d, TrBase> {
+    friend ElementClass;
+
     GRAFEL_MEMBER_PROPERTIES_EXTENDING(Tr3d, TrBase, GRAFEL_TR3D_TABLE)
 
 protected:
-    explicit Tr3d(Arbor::Document* document) : TrBase(document) {}
+    explicit Tr3d(Arbor::Document* document) : ElementClass(document) {}
 };
 
 } // namespace Grafel
