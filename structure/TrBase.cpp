@@ -1,9 +1,9 @@
 #include <grafel/structure/TrBase.h>
 
 #include <grafel/structure/TransformBase.h>
+#include <grafel/structure/detail/FrameTime.h>
 
 #include <cmath>
-#include <limits>
 
 namespace Grafel {
 
@@ -31,23 +31,11 @@ double TrBase::getTime() {
         return NaN();
     const auto* transform = dynamic_cast<const TransformBase*>(up);
     if (!transform) return NaN();
-    const double timeBegin = transform->getTimeBegin();
-    const double timeEnd = transform->getTimeEnd();
-    if (std::isnan(timeBegin) || std::isnan(timeEnd)) return NaN();
-    double paramBegin, paramEnd;
-    if (!transform->getParameterRange(paramBegin, paramEnd)) return NaN();
-    return getTime(timeBegin, timeEnd, paramBegin, paramEnd);
+    return detail::frameTimeIn(*transform, time_, m_Param);
 }
 
 double TrBase::getTime(double timeBegin, double timeEnd, double paramBegin, double paramEnd) {
-    if (!std::isnan(time_)) return time_;
-    if (std::isnan(m_Param)) return NaN();
-    // A parameter range of one value puts every frame at the start, without a division by 0;
-    // that answer depends on the arguments only, so it is not kept.
-    if (std::fabs(paramEnd - paramBegin) <= std::numeric_limits<double>::epsilon())
-        return timeBegin;
-    time_ = (m_Param - paramBegin) / (paramEnd - paramBegin) * (timeEnd - timeBegin) + timeBegin;
-    return time_;
+    return detail::frameTime(time_, m_Param, timeBegin, timeEnd, paramBegin, paramEnd);
 }
 
 } // namespace Grafel
