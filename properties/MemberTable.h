@@ -209,10 +209,29 @@ public:                                                                         
     std::ostream& putAttributesXml(std::ostream& out) override;                                    \
     void afterParentChanged() override;
 
+// The member of a row in a layout, in place of its row: the type and the constructor's value
+// come from the row, the place from the layout.
+#define GRAFEL_MEMBER_ROW_TYPE_(K, Type, Name, ...)                                                \
+    using MemberValue_##Name = GRAFEL_MEMBER_VALUE_(K, Type);                                      \
+    static MemberValue_##Name memberInit_##Name() {                                                \
+        return MemberValue_##Name(GRAFEL_ROW_INIT_(__VA_ARGS__));                                  \
+    }
+#define GRAFEL_MEMBER_LAID_OUT_FIELD_(Name) MemberValue_##Name m_##Name = memberInit_##Name();
+
 /// In the body of a member-family class whose bases have no member table: the presence word
 /// and the members (protected), the typed getters, the ten attribute pointer families and the
 /// table operations.
 #define GRAFEL_MEMBER_PROPERTIES(Class, TABLE)                                                     \
+    GRAFEL_MEMBER_PROPERTIES_WITH_FIELDS_(Class, TABLE, TABLE(GRAFEL_MEMBER_FIELD_))
+
+/// As GRAFEL_MEMBER_PROPERTIES, with the members stored in the order of LAYOUT rather than of
+/// the rows, so that they pack without holes: LAYOUT(F) lists F(Name) once for every row. A row
+/// left out or named twice does not compile.
+#define GRAFEL_MEMBER_PROPERTIES_LAID_OUT(Class, TABLE, LAYOUT)                                    \
+    GRAFEL_MEMBER_PROPERTIES_WITH_FIELDS_(                                                         \
+        Class, TABLE, TABLE(GRAFEL_MEMBER_ROW_TYPE_) LAYOUT(GRAFEL_MEMBER_LAID_OUT_FIELD_))
+
+#define GRAFEL_MEMBER_PROPERTIES_WITH_FIELDS_(Class, TABLE, FIELDS)                                \
     static_assert(                                                                                 \
         std::is_same_v<decltype(grafelMemberTableOf_(static_cast<const Class*>(nullptr))),         \
                        const void*>,                                                               \
@@ -234,7 +253,7 @@ public:                                                                         
 protected:                                                                                         \
     /** One bit per property of this table and of the tables that extend it. */                    \
     std::uint32_t presence_ = mandatoryBits_;                                                      \
-    TABLE(GRAFEL_MEMBER_FIELD_)                                                                    \
+    FIELDS                                                                                         \
                                                                                                    \
 private:
 
