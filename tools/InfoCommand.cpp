@@ -30,7 +30,8 @@ constexpr std::string_view help = R"(Usage: grafel info INPUT
 
 Loads the plot document INPUT ("-" for standard input) and prints a summary: the page, the
 scenes, coordinate systems and styles, the groups, the transforms and the objects by type,
-the points of all point lists and the animation time range.
+the 3D primitives, cameras and lights, the points of all point lists and the animation time
+range.
 
 Options:
   -h, --help   show this help
@@ -48,6 +49,9 @@ struct Summary {
     Counts objects;
     Counts groups;
     Counts transforms;
+    Counts primitives3d;
+    long cameras = 0;
+    Counts lights;
     long planeLists = 0;
     unsigned long long planePoints = 0;
     long spaceLists = 0;
@@ -72,7 +76,15 @@ std::string objectType(const Grafel::PlotElement& object) {
     return "(no Type)";
 }
 
-void walk(const Arbor::Node& parent, Summary& summary) {
+bool isLight(Arbor::Token tag) {
+    using namespace Grafel;
+    return tag == tok_AmbientLight || tag == tok_PointLight || tag == tok_DistantLight ||
+           tag == tok_SpotLight;
+}
+
+/// Counts the elements below `parent`; `inImage3d` when `parent` is a 3D image, whose children
+/// are cameras, lights, clipping boxes and 3D primitives.
+void walk(const Arbor::Node& parent, Summary& summary, bool inImage3d = false) {
     using namespace Grafel;
     for (Arbor::Node* node = parent.firstChild(); node; node = node->nextSibling()) {
         Arbor::Element* element = node->asElement();
@@ -92,6 +104,12 @@ void walk(const Arbor::Node& parent, Summary& summary) {
             ++summary.objects[objectType(*plot)];
         else if (plot && plot->isStyle())
             ++summary.styles[tag.text()];
+        else if (tag == tok_Camera)
+            ++summary.cameras;
+        else if (isLight(tag))
+            ++summary.lights[tag.text()];
+        else if (inImage3d && tag != tok_ClippingBox)
+            ++summary.primitives3d[tag.text()];
 
         if (const auto* list = dynamic_cast<const P2List*>(element)) {
             ++summary.planeLists;
@@ -100,7 +118,7 @@ void walk(const Arbor::Node& parent, Summary& summary) {
             ++summary.spaceLists;
             summary.spacePoints += list->size();
         }
-        walk(*element, summary);
+        walk(*element, summary, tag == tok_Img3d);
     }
 }
 
@@ -156,6 +174,9 @@ void print(std::ostream& out, const std::string& input, Grafel::PlotDocument& do
     line(out, "transforms", countsText(summary.transforms));
     line(out, "objects", std::to_string(total(summary.objects)));
     for (const auto& [type, count] : summary.objects) line(out, "  " + type, std::to_string(count));
+    line(out, "3D primitives", countsText(summary.primitives3d));
+    line(out, "cameras", std::to_string(summary.cameras));
+    line(out, "lights", countsText(summary.lights));
     line(out, "plane points", pointsText(summary.planeLists, summary.planePoints));
     line(out, "space points", pointsText(summary.spaceLists, summary.spacePoints));
 

@@ -385,8 +385,9 @@ missing_classes() { # FILE
     local tag missing=()
     for tag in $(grep -o '<[A-Z][A-Za-z0-9]*' "$1" | tr -d '<' | sort -u); do
         case $tag in P2 | P3) continue ;; esac
-        # A class is declared with one of the GRAFEL_..._CLASS forms, which register it.
-        grep -rqsE "GRAFEL_[A-Z_]*CLASS(_COPIED)?\\($tag[,)]" \
+        # A class is declared on ElementClass or with one of the GRAFEL_..._CLASS forms, which
+        # register it.
+        grep -rqsE "(GRAFEL_[A-Z_]*CLASS(_COPIED)?\\(|ElementClass<)$tag[,)]" \
             "$src"/{properties,document,structure,primitives,output,catalogue} ||
             missing+=("$tag")
     done
@@ -444,6 +445,14 @@ group_examples() {
             expect_out_has "info $name" "  Polygon2d:         2"
             expect_out_has "info $name" "plane points:        16 in 2 lists"
             expect_out_has "info $name" "scenes:              1 (Scene2d 1)"
+            ;;
+        scene3d.zpx)
+            expect_out_has "info $name" "3D primitives:       9 (Arrow3d 3, Cone 1, Poly3d 1, Sphere 1, Text3d 3)"
+            expect_out_has "info $name" "space points:        12 in 1 list"
+            # The camera, the lights and the clipping box are counted apart from the primitives.
+            expect_out_has "info $name" "cameras:             1"
+            expect_out_has "info $name" "lights:              2 (AmbientLight 1, PointLight 1)"
+            expect_out_has "info $name" "objects:             5"
             ;;
         esac
     done
