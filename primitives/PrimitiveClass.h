@@ -8,6 +8,7 @@
 #include <grafel/properties/MemberTable.h>
 #include <grafel/properties/PrimitiveBase.h>
 
+#include <cstddef>
 #include <cstdint>
 
 /// Placed in the body of a primitive Class (on ElementClass) whose properties are the rows of
