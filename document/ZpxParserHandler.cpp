@@ -334,6 +334,8 @@ void ZpxParserHandler::enter(PlotElement* element) {
 void ZpxParserHandler::goUp() {
     if (currentP2_) currentP2_->shrinkToFit();
     if (currentP3_) currentP3_->shrinkToFit();
+    if (colorArray_) colorArray_->shrinkToFit();
+    if (densityArray_) densityArray_->shrinkToFit();
     enter(current_ ? PlotElement::from(current_->parentNode()) : nullptr);
 }
 

@@ -220,9 +220,10 @@ TEST(EveryElementClass, ClonesKeepAllValuesOrNone) {
         else
             EXPECT_EQ(copy, exactXml(fresh.get()));
     }
-    EXPECT_EQ(keeping, (std::set<std::string>{"CoordinateSystem2d", "CoordinateSystem2dStyle",
-                                              "CoordinateSystem3d", "CoordinateSystem3dStyle",
-                                              "Obj2d", "Obj3d", "ObjStyle", "Poly2d", "Pts2d"}));
+    EXPECT_EQ(keeping, (std::set<std::string>{
+                           "ColorArray2d", "CoordinateSystem2d", "CoordinateSystem2dStyle",
+                           "CoordinateSystem3d", "CoordinateSystem3dStyle", "DensityArray2d",
+                           "Field2d", "Field3d", "Obj2d", "Obj3d", "ObjStyle", "Poly2d", "Pts2d"}));
 }
 
 // A class declared and never registered would escape the tests above.
@@ -231,9 +232,10 @@ TEST(EveryElementClass, EveryClassIsRegistered) {
     std::string tags;
     for (const Registered& r : registeredClasses(doc)) tags += std::string(r.tag.text()) + " ";
     EXPECT_EQ(tags,
-              "Arc2d Arrow2d AxesOriginX AxesOriginY AxesOriginZ Canvas ColorFunc "
+              "Arc2d Arrow2d AxesOriginX AxesOriginY AxesOriginZ Canvas ColorArray2d ColorFunc "
               "CoordinateSystem2d CoordinateSystem2dStyle CoordinateSystem3d "
-              "CoordinateSystem3dStyle Expr ExprSeq Footer Group2d Group3d Header Hints IExpr "
+              "CoordinateSystem3dStyle DensityArray2d Expr ExprSeq Field2d Field3d Footer Group2d "
+              "Group3d Header Hints IExpr "
               "Img2d Img3d "
               "LegendText Line2d Matrix2d Matrix3d Obj2d Obj3d ObjStyle ObjType ParameterBegin "
               "ParameterEnd ParameterName Point2d Point3d Points2d Points3d Poly2d Prop PropCat "
