@@ -334,6 +334,8 @@ void ZpxParserHandler::enter(PlotElement* element) {
 void ZpxParserHandler::goUp() {
     if (currentP2_) currentP2_->shrinkToFit();
     if (currentP3_) currentP3_->shrinkToFit();
+    if (colorArray_) colorArray_->shrinkToFit();
+    if (densityArray_) densityArray_->shrinkToFit();
     enter(current_ ? PlotElement::from(current_->parentNode()) : nullptr);
 }
 
@@ -451,7 +453,20 @@ void ZpxParserHandler::onCharacterData(const char* text, int length) {
 void ZpxParserHandler::splitWords(const char* text, std::size_t length) {
     const char* p = text;
     const char* end = text + length;
+    const bool direct = arrayKind_ == ArrayKind::Density && plainNumbers_;
     while (p != end) {
+        if (direct && wordBuffer_.empty()) {
+            // A number that ends inside this piece is read where it stands, without a copy;
+            // one at the end of the piece may go on in the next.
+            p = skipXmlSpace(p, end);
+            double value;
+            const char* q = p;
+            if (q != end && scanPlainNumber(q, end, value) && q != end && isXmlSpace(*q)) {
+                densityArray_->push_back(value);
+                p = q + 1;
+                continue;
+            }
+        }
         const char* start = p;
         while (p != end && !isXmlSpace(*p)) ++p;
         wordBuffer_.append(start, p);
@@ -479,9 +494,13 @@ void ZpxParserHandler::storeColor() {
 void ZpxParserHandler::storeDensity() {
     if (wordBuffer_.empty()) return;
     double value[6];
-    ScanWord words[2];
-    if (scanFields(wordBuffer_, 1, 0, value, words) != 1)
-        illegalData("DensityArray2d", wordBuffer_.c_str());
+    const char* p = wordBuffer_.data();
+    const char* end = p + wordBuffer_.size();
+    if (!plainNumbers_ || !scanPlainNumber(p, end, value[0]) || p != end) {
+        ScanWord words[2];
+        if (scanFields(wordBuffer_, 1, 0, value, words) != 1)
+            illegalData("DensityArray2d", wordBuffer_.c_str());
+    }
     densityArray_->push_back(value[0]);
     wordBuffer_.clear();
 }

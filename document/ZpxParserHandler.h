@@ -27,6 +27,8 @@ public:
     virtual void push_back(RGBA color) = 0;
     /// The number of cells held.
     virtual std::size_t size() const = 0;
+    /// Gives back the storage beyond the cells held, once the element's text has been read.
+    virtual void shrinkToFit() = 0;
 
 protected:
     ~ColorArrayInput() = default;
@@ -37,6 +39,7 @@ class DensityArrayInput {
 public:
     virtual void push_back(double value) = 0;
     virtual std::size_t size() const = 0;
+    virtual void shrinkToFit() = 0;
 
 protected:
     ~DensityArrayInput() = default;
@@ -106,8 +109,8 @@ private:
 
     /// Makes `element` the open element and caches what the data events need of it.
     void enter(PlotElement* element);
-    /// The parent of the open element becomes the open element; a point list that is left is
-    /// trimmed to its size.
+    /// The parent of the open element becomes the open element; a point list or array that is
+    /// left is trimmed to its size.
     void goUp();
     void endPoint2();
     void endPoint3();

@@ -9,6 +9,7 @@
 #include <grafel/document/P2List.h>
 #include <grafel/document/P3List.h>
 #include <grafel/document/PlotDocument.h>
+#include <grafel/document/ZpxParserHandler.h>
 #include <grafel/foundation/Tokens.h>
 #include <grafel/properties/PlotElement.h>
 
@@ -19,6 +20,8 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace GrafelTool {
 
@@ -30,8 +33,8 @@ constexpr std::string_view help = R"(Usage: grafel info INPUT
 
 Loads the plot document INPUT ("-" for standard input) and prints a summary: the page, the
 scenes, coordinate systems and styles, the groups, the transforms and the objects by type,
-the 3D primitives, cameras and lights, the points of all point lists and the animation time
-range.
+the 3D primitives, cameras and lights, the points of all point lists, the mesh and cells of
+each raster and vector field, and the animation time range.
 
 Options:
   -h, --help   show this help
@@ -56,6 +59,8 @@ struct Summary {
     unsigned long long planePoints = 0;
     long spaceLists = 0;
     unsigned long long spacePoints = 0;
+    // One line for each raster and vector field, in document order.
+    std::vector<std::pair<std::string, std::string>> arrays;
 };
 
 std::optional<double> doubleProperty(const Grafel::PlotElement& element, Arbor::Token name) {
@@ -63,6 +68,38 @@ std::optional<double> doubleProperty(const Grafel::PlotElement& element, Arbor::
     const Arbor::Variant value = element.getProperty(name);
     if (const auto* d = value.as<Arbor::DoubleVariant>()) return d->val();
     return std::nullopt;
+}
+
+/// "4 x 3 mesh, 12 cells" for a raster, "11 x 11 mesh, 121 vectors" for a field: the mesh as
+/// stated, the cells or vectors as held, which a reader may leave unequal. Empty for an
+/// element that is neither.
+std::string arrayText(Arbor::Element& element) {
+    using namespace Grafel;
+    const PlotElement* plot = PlotElement::from(&element);
+    std::size_t held = 0;
+    const char* what = "cells";
+    if (const auto* colors = dynamic_cast<const ColorArrayInput*>(&element))
+        held = colors->size();
+    else if (const auto* density = dynamic_cast<const DensityArrayInput*>(&element))
+        held = density->size();
+    else if (element.tagName() == tok_Field2d || element.tagName() == tok_Field3d) {
+        what = "vectors";
+        if (const auto* list = dynamic_cast<const P2List*>(&element)) held = list->size();
+        if (const auto* list = dynamic_cast<const P3List*>(&element)) held = list->size();
+    } else {
+        return {};
+    }
+    std::ostringstream out;
+    const char* separator = "";
+    for (Arbor::Token mesh : {tok_XMesh, tok_YMesh, tok_ZMesh}) {
+        if (!plot || !plot->propertyInfo(mesh)) continue;
+        const Arbor::Variant value = plot->getProperty(mesh);
+        const auto* n = value.as<Arbor::LongVariant>();
+        out << separator << (n ? n->val() : 0);
+        separator = " x ";
+    }
+    out << " mesh, " << held << ' ' << what;
+    return out.str();
 }
 
 std::string objectType(const Grafel::PlotElement& object) {
@@ -111,6 +148,8 @@ void walk(const Arbor::Node& parent, Summary& summary, bool inImage3d = false) {
         else if (inImage3d && tag != tok_ClippingBox)
             ++summary.primitives3d[tag.text()];
 
+        if (std::string text = arrayText(*element); !text.empty())
+            summary.arrays.emplace_back(tag.text(), std::move(text));
         if (const auto* list = dynamic_cast<const P2List*>(element)) {
             ++summary.planeLists;
             summary.planePoints += list->size();
@@ -179,6 +218,11 @@ void print(std::ostream& out, const std::string& input, Grafel::PlotDocument& do
     line(out, "lights", countsText(summary.lights));
     line(out, "plane points", pointsText(summary.planeLists, summary.planePoints));
     line(out, "space points", pointsText(summary.spaceLists, summary.spacePoints));
+    // Only a document with rasters or fields has these lines.
+    if (!summary.arrays.empty()) {
+        line(out, "arrays", std::to_string(summary.arrays.size()));
+        for (const auto& [tag, text] : summary.arrays) line(out, "  " + tag, text);
+    }
 
     std::string animation = "none";
     if (canvas) {

@@ -17,8 +17,6 @@ using namespace ZpxTest;
 namespace ZpxTest {
 // The tables of the stand-ins, defined once for the test program.
 GRAFEL_DEFINE_MEMBER_PROPERTIES(TestPoly2, ZPX_TEST_POLY_TABLE)
-GRAFEL_DEFINE_MEMBER_PROPERTIES(TestColors, ZPX_TEST_ARRAY_TABLE)
-GRAFEL_DEFINE_MEMBER_PROPERTIES(TestDensity, ZPX_TEST_ARRAY_TABLE)
 } // namespace ZpxTest
 
 namespace {
@@ -259,34 +257,6 @@ TEST_F(ZpxReader, P3Points) {
         fails(std::string("<Canvas><Row2><P3>") + bad + "</P3></Row2></Canvas>",
               std::string("P3 data corrupted: '") + bad + "'\n");
     }
-}
-
-TEST_F(ZpxReader, ArrayWordsSplitAnywhere) {
-    const std::string colours = "<Canvas><Row3 XMesh='2' YMesh='3'>#ff0000 #00ff00\n\t#0000ff "
-                                "#010203   #04050680 #ffffff #070809</Row3></Canvas>";
-    const std::vector<RGBA> expected = {
-        RGBA(255, 0, 0, 255), RGBA(0, 255, 0, 255),     RGBA(0, 0, 255, 255), RGBA(1, 2, 3, 255),
-        RGBA(4, 5, 6, 0x80),  RGBA(255, 255, 255, 255), RGBA(7, 8, 9, 255)};
-    // Every piece size splits words at another place; the last word needs no blank behind it.
-    for (std::size_t piece : {0, 1, 2, 3, 5, 7, 11}) {
-        ASSERT_TRUE(load<TestHandler>(doc, colours, false, piece)) << piece;
-        EXPECT_EQ(static_cast<TestColors*>(root()->firstChild())->cells, expected) << piece;
-    }
-    fails("<Canvas><Row3 XMesh='2' YMesh='3'>#ff0000 #00ff00 #0000ff #010203 #040506</Row3>"
-          "</Canvas>",
-          "Row3 data corrupted: 'colors missing'\n");
-    fails("<Canvas><Row3>#ff0000 red</Row3></Canvas>", "ColorArray2d data corrupted: 'red'\n");
-
-    const std::string numbers =
-        "<Canvas><Rows XMesh='2' YMesh='2'> 1.5 -2e3\n+3 0x1p4 </Rows></Canvas>";
-    for (std::size_t piece : {0, 1, 4}) {
-        ASSERT_TRUE(load<TestHandler>(doc, numbers, false, piece));
-        EXPECT_EQ(static_cast<TestDensity*>(root()->firstChild())->cells,
-                  (std::vector<double>{1.5, -2000, 3, 16}));
-    }
-    fails("<Canvas><Rows XMesh='2' YMesh='2'>1 2 3</Rows></Canvas>",
-          "Rows data corrupted: 'values missing'\n");
-    fails("<Canvas><Rows>1 x2</Rows></Canvas>", "DensityArray2d data corrupted: 'x2'\n");
 }
 
 // Bad input of every kind ends in a clean failure.

@@ -62,13 +62,10 @@ inline bool isFreshCanvas(PlotDocument& doc) {
 }
 
 // Test stand-ins, registered only inside a TestClasses scope: a P2 list (tag Row1), a P3 list
-// (Row2), a colour raster (Row3) and a density raster (Rows), and a page that takes them, and
-// objects directly, in place of the scenes and coordinate systems that are not there yet.
+// (Row2), and a page that takes them, and objects directly, in place of the scenes and
+// coordinate systems.
 
 #define ZPX_TEST_POLY_TABLE(P) P(Optional, BoolProperty, Closed, false, false)
-#define ZPX_TEST_ARRAY_TABLE(P)                                                                    \
-    P(Mandatory, LongProperty, XMesh, 0L, 1L)                                                      \
-    P(Mandatory, LongProperty, YMesh, 0L, 1L)
 
 class TestPoly2 : public P2List {
 public:
@@ -87,30 +84,6 @@ public:
     static PlotElement* create(Arbor::Document* d) { return new TestPoly3(d); }
 };
 
-class TestColors : public PrimitiveBase, public ColorArrayInput {
-public:
-    explicit TestColors(Arbor::Document* d) : PrimitiveBase(d) {}
-    Arbor::Token tagName() const override { return tok_Row3; }
-    Arbor::Node* cloneNode(bool) const override { return new TestColors(*this); }
-    static PlotElement* create(Arbor::Document* d) { return new TestColors(d); }
-    void push_back(RGBA c) override { cells.push_back(c); }
-    std::size_t size() const override { return cells.size(); }
-    std::vector<RGBA> cells;
-    GRAFEL_MEMBER_PROPERTIES(TestColors, ZPX_TEST_ARRAY_TABLE)
-};
-
-class TestDensity : public PrimitiveBase, public DensityArrayInput {
-public:
-    explicit TestDensity(Arbor::Document* d) : PrimitiveBase(d) {}
-    Arbor::Token tagName() const override { return tok_Rows; }
-    Arbor::Node* cloneNode(bool) const override { return new TestDensity(*this); }
-    static PlotElement* create(Arbor::Document* d) { return new TestDensity(d); }
-    void push_back(double v) override { cells.push_back(v); }
-    std::size_t size() const override { return cells.size(); }
-    std::vector<double> cells;
-    GRAFEL_MEMBER_PROPERTIES(TestDensity, ZPX_TEST_ARRAY_TABLE)
-};
-
 class TestCanvas : public Canvas {
 public:
     explicit TestCanvas(Arbor::Document* d) : Canvas(d) {}
@@ -118,8 +91,8 @@ public:
 
 protected:
     bool allowedContentChild(Arbor::Token tag) const override {
-        return tag == tok_Row1 || tag == tok_Row2 || tag == tok_Row3 || tag == tok_Rows ||
-               tag == tok_Obj2d || tag == tok_Obj3d || Canvas::allowedContentChild(tag);
+        return tag == tok_Row1 || tag == tok_Row2 || tag == tok_Obj2d || tag == tok_Obj3d ||
+               Canvas::allowedContentChild(tag);
     }
 };
 
@@ -131,8 +104,6 @@ public:
         set(id_Canvas, &TestCanvas::create);
         set(id_Row1, &TestPoly2::create);
         set(id_Row2, &TestPoly3::create);
-        set(id_Row3, &TestColors::create);
-        set(id_Rows, &TestDensity::create);
     }
     ~TestClasses() {
         for (auto it = saved_.rbegin(); it != saved_.rend(); ++it)
@@ -149,13 +120,12 @@ private:
     std::vector<std::pair<int, ElementMaker>> saved_;
 };
 
-/// A reader that also knows the stand-ins' tags, and treats the rasters as the array tags are
-/// treated.
+/// A reader that also knows the stand-ins' tags.
 class TestHandler : public ZpxParserHandler {
 public:
     using ZpxParserHandler::ZpxParserHandler;
     bool elementName(const char* uri, const char* name, int& ns, int& id) override {
-        for (int extra : {id_Row1, id_Row2, id_Row3, id_Rows}) {
+        for (int extra : {id_Row1, id_Row2}) {
             if (std::strcmp(name, getToken(extra).c_str()) == 0) {
                 ns = 0;
                 id = extra;
@@ -163,13 +133,6 @@ public:
             }
         }
         return ZpxParserHandler::elementName(uri, name, ns, id);
-    }
-    void startElement(int ns, int id, const std::vector<Tessel::Xml::Attribute>& a) override {
-        ZpxParserHandler::startElement(ns, id, a);
-        if (id == id_Row3 || id == id_Rows) {
-            wordBuffer_.clear();
-            wantData();
-        }
     }
 };
 

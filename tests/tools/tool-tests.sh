@@ -432,6 +432,14 @@ group_examples() {
             expect_out_has "info $name" "plane points:        82 in 2 lists"
             expect_out_has "info $name" "coordinate systems:  1 (CoordinateSystem2d 1)"
             ;;
+        density.zpx)
+            expect_out_has "info $name" "arrays:              1"
+            expect_out_has "info $name" "  DensityArray2d:    8 x 6 mesh, 48 cells"
+            ;;
+        vector-field.zpx)
+            expect_out_has "info $name" "  Field2d:           5 x 5 mesh, 25 vectors"
+            expect_out_has "info $name" "plane points:        25 in 1 list"
+            ;;
         point-cloud.zpx)
             expect_out_has "info $name" "  PointList2d:       1"
             expect_out_has "info $name" "plane points:        89 in 1 list"

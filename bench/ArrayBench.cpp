@@ -1,0 +1,147 @@
+// A density raster of a million cells: its load against a bare pass of the XML parser over the
+// same bytes, its write against the same numbers written with operator<<, and the memory its
+// cells take against their raw bytes.
+#include <grafel/document/PlotDocument.h>
+#include <grafel/document/ZpxParser.h>
+#include <grafel/document/ZpxParserHandler.h>
+#include <grafel/primitives/DensityArray2d.h>
+
+#include <benchmark/benchmark.h>
+#include <expat.h>
+
+#include <algorithm>
+#include <ctime>
+#include <random>
+#include <sstream>
+#include <string>
+
+namespace {
+
+using namespace Grafel;
+
+constexpr int side = 1000;
+// The text is handed over in pieces of this size, as a host reads a file.
+constexpr std::size_t pieceSize = 1 << 20;
+
+// A page with one raster of side x side random values, as the stream writes numbers.
+const std::string& rasterDocument() {
+    static const std::string text = [] {
+        std::mt19937_64 random(2024);
+        std::uniform_real_distribution<double> value(-1000, 1000);
+        std::ostringstream out;
+        out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Canvas xmlns=\"" << zpxNamespaceUri
+            << "\"><Scene2d><CoordinateSystem2d><Obj2d Type=\"Density\"><Img2d>"
+            << "<DensityArray2d XMesh=\"" << side << "\" YMesh=\"" << side << "\">";
+        for (int i = 0; i < side * side; ++i) out << value(random) << ' ';
+        out << "</DensityArray2d></Img2d></Obj2d></CoordinateSystem2d></Scene2d></Canvas>\n";
+        return out.str();
+    }();
+    return text;
+}
+
+bool load(PlotDocument& doc, const std::string& text) {
+    ZpxParserHandler handler(&doc, false, nullptr);
+    ZpxParser parser(&handler, true, nullptr);
+    for (std::size_t at = 0; at < text.size(); at += pieceSize) {
+        const std::size_t n = std::min(pieceSize, text.size() - at);
+        if (!parser.parseSave(text.data() + at, static_cast<int>(n), at + n == text.size()))
+            return false;
+    }
+    return true;
+}
+
+DensityArray2d* raster(Arbor::Node* node) {
+    for (Arbor::Node* n = node->firstChild(); n; n = n->nextSibling()) {
+        if (auto* d = dynamic_cast<DensityArray2d*>(n)) return d;
+        if (DensityArray2d* d = raster(n)) return d;
+    }
+    return nullptr;
+}
+
+void XMLCALL noStart(void*, const XML_Char*, const XML_Char**) {}
+void XMLCALL noEnd(void*, const XML_Char*) {}
+void XMLCALL noText(void*, const XML_Char*, int) {}
+
+// The same bytes in the same pieces through the C parser, with handlers that do nothing.
+bool expatPass(const std::string& text) {
+    XML_Parser parser = XML_ParserCreate(nullptr);
+    XML_SetElementHandler(parser, noStart, noEnd);
+    XML_SetCharacterDataHandler(parser, noText);
+    bool ok = true;
+    for (std::size_t at = 0; ok && at < text.size(); at += pieceSize) {
+        const std::size_t n = std::min(pieceSize, text.size() - at);
+        ok = XML_Parse(parser, text.data() + at, static_cast<int>(n), at + n == text.size()) ==
+             XML_STATUS_OK;
+    }
+    XML_ParserFree(parser);
+    return ok;
+}
+
+// Processor time of this process: the machine is shared, and the ratios should not depend on
+// what else runs.
+double cpuSeconds() {
+    return double(std::clock()) / CLOCKS_PER_SEC;
+}
+
+// Load against the plain parser pass in the same iteration; the storage of the cells after the
+// load against their raw bytes (the rest of the element is a constant).
+void BM_DensityArrayLoad(benchmark::State& state) {
+    const std::string& text = rasterDocument();
+    double zpx = 0;
+    double expat = 0;
+    double storage = 0;
+    for (auto _ : state) {
+        const double t0 = cpuSeconds();
+        if (!expatPass(text)) state.SkipWithError("the plain pass failed");
+        const double t1 = cpuSeconds();
+        PlotDocument doc;
+        if (!load(doc, text)) state.SkipWithError("the load failed");
+        const double t2 = cpuSeconds();
+        expat += t1 - t0;
+        zpx += t2 - t1;
+        state.SetIterationTime(t2 - t1);
+        const DensityArray2d* d = raster(&doc);
+        if (!d || d->size() != std::size_t(side) * side) state.SkipWithError("cells missing");
+        storage = double(d->capacity()) / double(d->size());
+    }
+    state.counters["ratio_to_expat"] = zpx / expat;
+    state.counters["expat_ms"] = 1e3 * expat / double(state.iterations());
+    state.counters["storage_to_raw_cells"] = storage;
+    state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(text.size()));
+}
+
+// Writing the raster against a loop that writes the same numbers with operator<< to the same
+// kind of stream.
+void BM_DensityArrayWrite(benchmark::State& state) {
+    PlotDocument doc;
+    if (!load(doc, rasterDocument())) state.SkipWithError("the load failed");
+    const DensityArray2d* d = raster(&doc);
+    double zpx = 0;
+    double plain = 0;
+    for (auto _ : state) {
+        const double t0 = cpuSeconds();
+        {
+            std::ostringstream out;
+            const double* v = d->values();
+            for (std::size_t i = 0; i < d->size(); ++i) out << v[i] << ' ';
+            benchmark::DoNotOptimize(out.tellp());
+        }
+        const double t1 = cpuSeconds();
+        {
+            std::ostringstream out;
+            doc.putXml(out);
+            benchmark::DoNotOptimize(out.tellp());
+        }
+        const double t2 = cpuSeconds();
+        plain += t1 - t0;
+        zpx += t2 - t1;
+        state.SetIterationTime(t2 - t1);
+    }
+    state.counters["ratio_to_stream"] = zpx / plain;
+    state.counters["stream_ms"] = 1e3 * plain / double(state.iterations());
+}
+
+BENCHMARK(BM_DensityArrayLoad)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(BM_DensityArrayWrite)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+
+} // namespace

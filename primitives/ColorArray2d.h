@@ -1,0 +1,64 @@
+// A raster of colours over a rectangle: XMesh by YMesh cells, held beside the tree.
+#pragma once
+
+#include <grafel/document/ZpxParserHandler.h>
+#include <grafel/foundation/PointArray.h>
+#include <grafel/primitives/PrimitiveClass.h>
+
+#include <cstddef>
+#include <iosfwd>
+
+// The mesh members start at 0 with their presence bits set: a new raster has no cells until a
+// reader states its mesh.
+#define GRAFEL_COLORARRAY2D_TABLE(P)                                                               \
+    P(Mandatory, MandatoryMeshPropertyImpl, XMesh, 0L, 1L)                                         \
+    P(Mandatory, MandatoryMeshPropertyImpl, YMesh, 0L, 1L)                                         \
+    P(Optional, RangeValueType, XMin, 0.0, 0.0)                                                    \
+    P(Optional, RangeValueType, XMax, 1.0, 1.0)                                                    \
+    P(Optional, RangeValueType, YMin, 0.0, 0.0)                                                    \
+    P(Optional, RangeValueType, YMax, 1.0, 1.0)                                                    \
+    P(Inherited, BoolProperty, LinesVisible, false, false)                                         \
+    P(Inherited, PosOutputSizeType, LineWidth, 0.5, 0.5)                                           \
+    P(Inherited, ColorProperty, LineColor, RGBA::Black, RGBA::Black)                               \
+    P(Inherited, BoolProperty, AntiAliased, false, false)
+
+namespace Grafel {
+
+/// Cells stored row after row from YMin upwards, x running fastest: cell (i, j) is at index
+/// j * XMesh + i, over the rectangle XMin..XMax by YMin..YMax. Nothing here compares the number
+/// of cells with the mesh; the reader refuses too few. In XML the cells are the words of the
+/// element's text. A copy keeps the cells.
+class ColorArray2d
+    : public ElementClass<ColorArray2d, id_ColorArray2d, PrimitiveBase, CloneBy::copy>,
+      public ColorArrayInput {
+    friend ElementClass;
+    GRAFEL_PRIMITIVE_TABLE(ColorArray2d, GRAFEL_COLORARRAY2D_TABLE, colorAttributeFlags)
+
+public:
+    ~ColorArray2d() override;
+
+    /// Appends a cell.
+    void push_back(RGBA color) override { cells_.push_back(color); }
+    /// Number of cells.
+    std::size_t size() const override { return cells_.size(); }
+    /// Number of cells the storage takes without growing.
+    std::size_t capacity() const noexcept { return cells_.capacity(); }
+    /// The first cell, or null when there is none.
+    const RGBA* colors() const noexcept { return cells_.empty() ? nullptr : cells_.data(); }
+    /// Cell `i`; std::out_of_range ("invalid vector<T> subscript") unless `i < size()`.
+    RGBA colorAt(std::size_t i) const;
+    void shrinkToFit() override { cells_.shrinkToFit(); }
+
+    /// Start tag with the attributes, each cell as "#rrggbb" (or "#rrggbbaa") and a blank, end
+    /// tag.
+    std::ostream& putXml(std::ostream& out) override;
+
+protected:
+    explicit ColorArray2d(Arbor::Document* document) : ElementClass(document) {}
+    ColorArray2d(const ColorArray2d& other) = default;
+
+private:
+    PointArray<RGBA> cells_;
+};
+
+} // namespace Grafel

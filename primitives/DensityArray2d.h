@@ -1,0 +1,67 @@
+// A raster of numbers over a rectangle, coloured by a colour function: XMesh by YMesh cells,
+// held beside the tree.
+#pragma once
+
+#include <grafel/document/ZpxParserHandler.h>
+#include <grafel/foundation/PointArray.h>
+#include <grafel/primitives/PrimitiveClass.h>
+
+#include <cstddef>
+#include <iosfwd>
+
+// As on ColorArray2d, the mesh members start at 0 with their presence bits set. FillColor
+// starts black in the member and defaults to white in the descriptor.
+#define GRAFEL_DENSITYARRAY2D_TABLE(P)                                                             \
+    P(Mandatory, MandatoryMeshPropertyImpl, XMesh, 0L, 1L)                                         \
+    P(Mandatory, MandatoryMeshPropertyImpl, YMesh, 0L, 1L)                                         \
+    P(Optional, RangeValueType, XMin, 0.0, 0.0)                                                    \
+    P(Optional, RangeValueType, XMax, 1.0, 1.0)                                                    \
+    P(Optional, RangeValueType, YMin, 0.0, 0.0)                                                    \
+    P(Optional, RangeValueType, YMax, 1.0, 1.0)                                                    \
+    P(Inherited, BoolProperty, LinesVisible, false, false)                                         \
+    P(Inherited, PosOutputSizeType, LineWidth, 0.5, 0.5)                                           \
+    P(Inherited, ColorProperty, LineColor, RGBA::Black, RGBA::Black)                               \
+    P(Inherited, ColorProperty, FillColor, RGBA::Black, RGBA::White)                               \
+    P(Inherited, ColorType, FillColorType, ::Arbor::Token(), getToken(id_Flat))                    \
+    P(Inherited, ColorProperty, FillColor2, RGBA::Black, RGBA::Black)                              \
+    P(Inherited, BoolProperty, AntiAliased, false, false)
+
+namespace Grafel {
+
+/// Cells laid out as those of ColorArray2d; each value is turned into a colour by
+/// FillColorType between FillColor and FillColor2 when the raster is drawn. In XML the cells
+/// are the words of the element's text. A copy keeps the cells.
+class DensityArray2d
+    : public ElementClass<DensityArray2d, id_DensityArray2d, PrimitiveBase, CloneBy::copy>,
+      public DensityArrayInput {
+    friend ElementClass;
+    GRAFEL_PRIMITIVE_TABLE(DensityArray2d, GRAFEL_DENSITYARRAY2D_TABLE, densityAttributeFlags)
+
+public:
+    ~DensityArray2d() override;
+
+    /// Appends a cell.
+    void push_back(double value) override { cells_.push_back(value); }
+    /// Number of cells.
+    std::size_t size() const override { return cells_.size(); }
+    /// Number of cells the storage takes without growing.
+    std::size_t capacity() const noexcept { return cells_.capacity(); }
+    /// The first cell, or null when there is none.
+    const double* values() const noexcept { return cells_.empty() ? nullptr : cells_.data(); }
+    /// Cell `i`; std::out_of_range ("invalid vector<T> subscript") unless `i < size()`.
+    double valueAt(std::size_t i) const;
+    void shrinkToFit() override { cells_.shrinkToFit(); }
+
+    /// Start tag with the attributes, each cell as the stream writes a double and a blank, end
+    /// tag.
+    std::ostream& putXml(std::ostream& out) override;
+
+protected:
+    explicit DensityArray2d(Arbor::Document* document) : ElementClass(document) {}
+    DensityArray2d(const DensityArray2d& other) = default;
+
+private:
+    PointArray<double> cells_;
+};
+
+} // namespace Grafel
