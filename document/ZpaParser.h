@@ -4,8 +4,7 @@
 
 #include <grafel/foundation/Points.h>
 #include <grafel/foundation/Rgba.h>
-#include <grafel/tessel/RefCounted.h>
-
+#include <cstddef>
 #include <string>
 
 namespace Grafel {
@@ -23,7 +22,8 @@ class PlotDocument;
 /// change. The document then holds a fresh, empty Canvas. parse() never resets the cause, so
 /// a parser that failed once still shows it after a later success.
 ///
-/// The copy shares the document and has its own line, cause and block of characters.
+/// The document belongs to the host and must outlive the parser, as with the ZPX reader. A
+/// copy shares the document and has its own line and cause.
 class ZpaParser {
 public:
     explicit ZpaParser(PlotDocument* document);
@@ -75,7 +75,7 @@ private:
     int scanNumbers(int n, double* values) const;
     void appendWithoutReturns(const char* begin, const char* end);
 
-    Tessel::Ref<PlotDocument> document_;
+    PlotDocument* document_;
     std::string line_;
     int errorCause_ = 0;
     long lineNumber_ = 0;
