@@ -187,26 +187,25 @@ TEST(ZpaReader, PaletteWrapsAfterSixteenColours) {
 TEST(ZpaReader, SpaceRecordsBuildTheTree) {
     if (!canCreate({tok_Poly3d, tok_Pts3d, tok_Mesh3d}))
         GTEST_SKIP() << "the 3D primitives are not in this build";
-    const std::string text = "Zeph-Ascii-Data\n\n3 4\n"
-                             "0\nt\nt\nt\n2 0\nt\n0\n1\n0 0 0\n1 1 1\n"
-                             "0\nt\nt\nt\n2 0\nt\n0\n1\n0 0 0\n1 1 1\n"
-                             "2\nu\nv\nu*v\n2 0\n2 0\nu\n0\n1\nv\n0\n1\n" +
-                             repeat("1 2 3\n", 4) +
-                             "1\n2\n1 1\n1 2 3 1 0 0\n4 1\n0 0 0\n1 0 0\n1 1 0\n0 1 0\n";
+    // Three curves take palette entries 0 to 2, the surface 3 and 4.
+    const std::string curve = "0\nt\nt\nt\n2 0\nt\n0\n1\n0 0 0\n1 1 1\n";
+    const std::string text = "Zeph-Ascii-Data\n\n3 5\n" + curve + curve + curve +
+                             "2\nu\nv\nu*v\n2 0\n2 0\nu\n0\n1\nv\n0\n1\n" + repeat("1 2 3\n", 4) +
+                             "1\n2\n1 1\n1 2 3 1 0 0\n4 0\n0 1\n0 0 0\n1 0 0\n1 1 0\n0 1 0\n";
     PlotDocument doc;
     ASSERT_EQ(load(doc, text), 0);
     PlotElement* scene = child(doc.documentElement(), tok_Scene3d);
-    EXPECT_EQ(scene->getAttribute(tok_Lighting).as<Arbor::TokenVariant>()->val(), tok_Automatic);
+    EXPECT_EQ(scene->getProperty(tok_Lighting).as<Arbor::TokenVariant>()->val(), tok_Automatic);
     PlotElement* system = coordinateSystem(doc, 3);
-    PlotElement* surface = child(system, tok_Obj3d, 2);
-    EXPECT_EQ(color(surface, tok_LineColor), RGBA(0x33, 0xcc, 0xcc, 255)) << "entry 3";
-    EXPECT_EQ(color(surface, tok_FillColor), RGBA(0x33, 0x66, 0xff, 255)) << "entry 4";
+    PlotElement* surface = child(system, tok_Obj3d, 3);
+    EXPECT_EQ(color(surface, tok_LineColor), RGBA(0x33, 0x99, 0x66, 255)) << "entry 3";
+    EXPECT_EQ(color(surface, tok_FillColor), RGBA(0x33, 0xcc, 0xcc, 255)) << "entry 4";
     EXPECT_TRUE(surface->hasAttribute(tok_USubmesh));
     PlotElement* mesh = child(child(surface, tok_Img3d), tok_Mesh3d);
     EXPECT_EQ(dynamic_cast<P3List*>(mesh)->size(), 4u);
     EXPECT_FALSE(mesh->hasAttribute(tok_USubmesh));
     EXPECT_FALSE(mesh->hasAttribute(tok_VSubmesh));
-    PlotElement* image = child(child(system, tok_Obj3d, 3), tok_Img3d);
+    PlotElement* image = child(child(system, tok_Obj3d, 4), tok_Img3d);
     PlotElement* pts = child(image, tok_Pts3d);
     EXPECT_EQ(color(pts, tok_LineColor), RGBA(255, 0, 0, 255));
     EXPECT_EQ(dynamic_cast<P3List*>(pts)->numColors(), 1);
