@@ -178,7 +178,49 @@ int scan(const std::string& text, int numbers, int colors, double* values, ScanW
     }
 }
 
+// The plain reading of scanLongs: false hands the text to sscanf. Characters that sscanf may
+// take for white space (vertical tab, form feed, bytes above 127 in some locales) or for the
+// end (NUL), a sign without a digit, and numbers that may not fit are left to it.
+bool plainLongs(const std::string& text, int count, long* values, int& converted) {
+    const char* p = text.data();
+    const char* end = p + text.size();
+    converted = 0;
+    for (int i = 0; i < count; ++i) {
+        p = skipXmlSpace(p, end);
+        if (p == end) {
+            converted = i == 0 ? -1 : i;
+            return true;
+        }
+        const unsigned char c = static_cast<unsigned char>(*p);
+        if (c >= 0x80 || c == '\v' || c == '\f' || c == 0) return false;
+        const bool negative = c == '-';
+        if (c == '-' || c == '+') ++p;
+        if (p == end || !isDigit(*p)) {
+            if (c == '-' || c == '+') return false;
+            converted = i; // sscanf stops at the first character that cannot start a number
+            return true;
+        }
+        const char* digits = p;
+        long v = 0;
+        for (; p != end && isDigit(*p); ++p) {
+            if (p - digits == 18) return false;
+            v = v * 10 + (*p - '0');
+        }
+        values[i] = negative ? -v : v;
+    }
+    converted = count;
+    return true;
+}
+
 } // namespace
+
+int scanLongs(const std::string& text, int count, long* values) {
+    if (count < 1 || count > 2) throw std::invalid_argument("scanLongs: 1 or 2 numbers");
+    int converted;
+    if (plainLongs(text, count, values, converted)) return converted;
+    if (count == 1) return std::sscanf(text.c_str(), " %ld ", &values[0]);
+    return std::sscanf(text.c_str(), " %ld %ld ", &values[0], &values[1]);
+}
 
 int scanFields(const std::string& text, int numbers, int colors, double* values, ScanWord* words) {
     if (numbers < 1 || numbers > 6 || colors < 0 || colors > 2)

@@ -24,6 +24,14 @@ using ScanWord = char[11];
 /// decimal point) is handed to sscanf itself, so the answer never differs.
 int scanFields(const std::string& text, int numbers, int colors, double* values, ScanWord* words);
 
+/// Reads `text` as `std::sscanf(text.c_str(), format, ...)` does, where `format` is `count`
+/// conversions " %ld" (1 or 2) and then " ": the same answer (fields converted, or -1 when the
+/// text ends before the first field) and the same values in the fields converted, an out of
+/// range number included (sscanf clamps it to LONG_MIN or LONG_MAX). Other counts throw
+/// std::invalid_argument. Plain forms (blanks, an optional sign, at most 18 digits) are read
+/// without the C library; anything else goes to sscanf itself.
+int scanLongs(const std::string& text, int count, long* values);
+
 /// Whether the decimal point of the current C locale is '.': the condition under which
 /// scanPlainNumber reads as sscanf does. A caller that reads many numbers asks once.
 bool decimalPointIsDot();

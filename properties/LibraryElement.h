@@ -14,6 +14,9 @@ public:
     bool afterAttributeChange(Arbor::Element* source, Arbor::Token name) override;
     void putCmd(CmdOStream& out) override;
     void getNextAnimationTime(double time, bool backward, double& next) override;
+    /// Fills the element with its standard attributes and children, for a reader that builds
+    /// a plot from bare data (the page fills in its style library); nothing by default.
+    virtual void setDefaults() {}
 
     Tessel::FixedStringBase<char> getId() const;
     Tessel::FixedStringBase<wchar_t> getName() const;

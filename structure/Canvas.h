@@ -64,7 +64,7 @@ public:
     /// Fills the page with the standard attributes and style library. Nothing that is there is
     /// checked, so a second call appends the children again (and its option children fail).
     /// Styles of classes this build lacks are left out.
-    virtual void setDefaults();
+    void setDefaults() override;
 
 protected:
     explicit Canvas(Arbor::Document* document) : ElementClass(document) {}

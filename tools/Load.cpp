@@ -1,6 +1,7 @@
 #include "Load.h"
 
 #include <grafel/document/PlotDocument.h>
+#include <grafel/document/ZpaParser.h>
 #include <grafel/document/ZpxParser.h>
 #include <grafel/document/ZpxParserHandler.h>
 
@@ -125,6 +126,53 @@ bool loadZpx(Grafel::PlotDocument& document, Input& input, std::vector<char>& bu
     return loaded;
 }
 
+/// Zpa from the tool's input, handed to the reader's buffered path one piece at a time.
+class ZpaInput : public Grafel::ZpaParser {
+public:
+    ZpaInput(Grafel::PlotDocument* document, Input& input, std::vector<char>& buffer,
+             std::size_t length, bool atEnd)
+        : ZpaParser(document), input_(input), buffer_(buffer), atEnd_(atEnd) {
+        provideBlock(buffer_.data(), buffer_.data() + length);
+    }
+    bool readChar(int& c) override {
+        if (atEnd_) return false;
+        const std::size_t n = input_.read(buffer_, atEnd_);
+        if (input_.failed()) {
+            readFailed_ = true;
+            atEnd_ = true;
+        }
+        if (n == 0) return false;
+        c = static_cast<unsigned char>(buffer_[0]);
+        provideBlock(buffer_.data() + 1, buffer_.data() + n);
+        return true;
+    }
+    bool readFailed() const { return readFailed_; }
+
+private:
+    Input& input_;
+    std::vector<char>& buffer_;
+    bool atEnd_;
+    bool readFailed_ = false;
+};
+
+/// The Zpa reader has no messages, only a cause: it becomes one line at the line being read.
+bool loadZpa(Grafel::PlotDocument& document, Input& input, std::vector<char>& buffer,
+             std::size_t length, bool atEnd, ReportScope& reports) {
+    ZpaInput parser(&document, input, buffer, length, atEnd);
+    try {
+        if (parser.parse()) return true;
+    } catch (const std::exception& e) {
+        reports.emitAt(parser.lineNumber(), std::string("error: ") + e.what());
+        return false;
+    }
+    if (parser.readFailed())
+        reports.emit(std::string("error: read failed: ") + std::strerror(errno));
+    else
+        reports.emitAt(parser.lineNumber(),
+                       "Zpa error: cause " + std::to_string(parser.errorCause()));
+    return false;
+}
+
 } // namespace
 
 ReportScope::ReportScope(std::string input, std::ostream& out)
@@ -170,15 +218,23 @@ void ReportScope::emit(std::string_view message) {
     writeLine(oneLine(std::string(message)));
 }
 
+void ReportScope::emitAt(long line, std::string_view message) {
+    flush();
+    writeLine(oneLine(std::string(message)), line);
+}
+
 void ReportScope::flush() {
     if (!prefixPending_) return;
     prefixPending_ = false;
     writeLine(oneLine(std::exchange(prefix_, {})));
 }
 
-void ReportScope::writeLine(std::string_view text) {
+void ReportScope::writeLine(std::string_view text, long line) {
     out_ << input_;
-    if (parser_) out_ << ':' << parser_->currentLine();
+    if (parser_)
+        out_ << ':' << parser_->currentLine();
+    else if (line > 0)
+        out_ << ':' << line;
     out_ << ": " << text << '\n' << std::flush;
     ++lines_;
 }
@@ -208,10 +264,7 @@ bool loadDocument(Grafel::PlotDocument& document, const std::string& path,
     case InputForm::Zpx:
         return loadZpx(document, input, buffer, length, atEnd, options, reports);
     case InputForm::Zpa:
-        // The ASCII reader is dispatched here once it exists: a ZpaParser over the same input,
-        // whose failures come as a cause number, to be turned into a line of the scope.
-        reports.emit("error: Zeph-Ascii-Data input is not supported yet");
-        return false;
+        return loadZpa(document, input, buffer, length, atEnd, reports);
     }
     return false;
 }

@@ -41,6 +41,8 @@ public:
     void setParser(const Tessel::Xml::Parser* parser);
     /// Writes a line of the tool's own, in the same form as the reports.
     void emit(std::string_view message);
+    /// Writes a line of the tool's own for line `line` of the input, when no parser tells it.
+    void emitAt(long line, std::string_view message);
     /// Writes a prefix that is still waiting for its message.
     void flush();
 
@@ -50,7 +52,7 @@ public:
 
 private:
     void receive(const char* format, va_list args);
-    void writeLine(std::string_view text);
+    void writeLine(std::string_view text, long line = 0);
 
     std::string input_;
     std::ostream& out_;

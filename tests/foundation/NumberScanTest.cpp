@@ -152,3 +152,57 @@ TEST(NumberScan, FollowsTheLocaleOfTheCLibrary) {
     EXPECT_FALSE(Grafel::decimalPointIsDot());
     for (const char* text : {"1,5 2", "1.5 2", "3 4,25 #ff"}) expectSameAllPatterns(text);
 }
+
+// The integer fields of the line formats, against sscanf on odd words and on random text.
+TEST(NumberScan, LongFieldsReadAsSscanfReadsThem) {
+    auto expectSameLongs = [](const std::string& text) {
+        for (int count = 1; count <= 2; ++count) {
+            long want[2] = {-7, -7};
+            long got[2] = {-7, -7};
+            const int wantCount = count == 1
+                                      ? std::sscanf(text.c_str(), " %ld ", &want[0])
+                                      : std::sscanf(text.c_str(), " %ld %ld ", &want[0], &want[1]);
+            ASSERT_EQ(Grafel::scanLongs(text, count, got), wantCount) << "'" << text << "'";
+            for (int i = 0; i < wantCount; ++i) ASSERT_EQ(got[i], want[i]) << "'" << text << "'";
+        }
+    };
+    for (const char* text : {"",
+                             " ",
+                             "\r\n",
+                             "0",
+                             "-0",
+                             "+5",
+                             "-",
+                             "+",
+                             "- 1",
+                             "12 34",
+                             " 2 3 4",
+                             "2147483648",
+                             "-1",
+                             "9223372036854775807",
+                             "9223372036854775808",
+                             "-9223372036854775809",
+                             "99999999999999999999999",
+                             "000000000000000000000000012",
+                             "1.5 2",
+                             "3x 4",
+                             "3 x",
+                             "0x10 2",
+                             "\v7 8",
+                             "7\f8",
+                             "7\xa0 8",
+                             "1e5 3",
+                             "5 -",
+                             "5 +6",
+                             "5 -6trail"})
+        expectSameLongs(text);
+    std::mt19937_64 random(99);
+    const std::string alphabet = "0123456789-+ \t\r\nx.9999";
+    for (int i = 0; i < 30000; ++i) {
+        std::string text(random() % 28, ' ');
+        for (char& c : text) c = alphabet[random() % alphabet.size()];
+        expectSameLongs(text);
+    }
+    long v[2];
+    EXPECT_THROW(Grafel::scanLongs("1", 3, v), std::invalid_argument);
+}

@@ -249,11 +249,13 @@ group_check() {
     grep -qx 'missing.zpx: error: cannot open: No such file or directory' "$work/err" ||
         fail "check: no report for the missing file: $(cat "$work/err")"
 
+    # A Zpa file is known by its first line; it declares a record that never comes.
     run "$data" check ascii.zpa
-    expect_rc "ASCII input" 1
-    expect_err "ASCII input" "ascii.zpa: error: Zeph-Ascii-Data input is not supported yet"
+    expect_rc "Zpa input" 1
+    expect_err "Zpa input" "ascii.zpa:4: Zpa error: cause 2"
     input=$data/ascii.zpa run "$data" check -
-    expect_err "ASCII on stdin" "<stdin>: error: Zeph-Ascii-Data input is not supported yet"
+    expect_rc "Zpa on stdin" 1
+    expect_err "Zpa on stdin" "<stdin>:4: Zpa error: cause 2"
 
     input=$examples/style-library.zpx run "$data" check -
     expect_rc "check stdin" 0
@@ -463,6 +465,31 @@ group_examples() {
             expect_out_has "info $name" "objects:             5"
             ;;
         esac
+    done
+
+    # Zpa examples convert to ZPX, which then reads back to a fixed point.
+    for file in "$examples"/*.zpa; do
+        name=$(basename "$file")
+        run "$examples" check "$name"
+        if [ "$rc" != 0 ] && grep -q 'Zpa error: cause 4' "$work/err"; then
+            missing=$(for tag in Poly3d Pts3d Mesh3d; do
+                grep -rqsE "(GRAFEL_[A-Z_]*CLASS(_COPIED)?\\(|ElementClass<)$tag[,)]" \
+                    "$src"/{structure,primitives} || echo "$tag"
+            done)
+            if [ -n "$missing" ]; then
+                skipped+=("$name (no class yet for: $(echo $missing))")
+                continue
+            fi
+        fi
+        expect_rc "check $name" 0
+        expect_err_empty "check $name"
+        run "$examples" convert -o "$work/$name.zpx" "$name"
+        expect_rc "convert $name" 0
+        run "$work" convert -o "$work/again.zpx" "$name.zpx"
+        run "$work" convert "again.zpx"
+        expect_same "convert $name reads back" "$work/again.zpx" "$work/out"
+        run "$examples" info "$name"
+        expect_out_has "info $name" "objects:             4"
     done
 }
 
