@@ -220,17 +220,23 @@ TEST(EveryElementClass, ClonesKeepAllValuesOrNone) {
         else
             EXPECT_EQ(copy, exactXml(fresh.get()));
     }
-<<<<<<< HEAD
-    EXPECT_EQ(keeping,
-              (std::set<std::string>{"CoordinateSystem2d", "CoordinateSystem2dStyle",
-                                     "CoordinateSystem3d", "CoordinateSystem3dStyle", "Obj2d",
-                                     "Obj3d", "ObjStyle", "Poly2d", "Poly3d", "Pts2d", "Pts3d"}));
-=======
     EXPECT_EQ(keeping, (std::set<std::string>{
-                           "ColorArray2d", "CoordinateSystem2d", "CoordinateSystem2dStyle",
-                           "CoordinateSystem3d", "CoordinateSystem3dStyle", "DensityArray2d",
-                           "Field2d", "Field3d", "Obj2d", "Obj3d", "ObjStyle", "Poly2d", "Pts2d"}));
->>>>>>> h-ar
+                           "ColorArray2d",
+                           "CoordinateSystem2d",
+                           "CoordinateSystem2dStyle",
+                           "CoordinateSystem3d",
+                           "CoordinateSystem3dStyle",
+                           "DensityArray2d",
+                           "Field2d",
+                           "Field3d",
+                           "Obj2d",
+                           "Obj3d",
+                           "ObjStyle",
+                           "Poly2d",
+                           "Poly3d",
+                           "Pts2d",
+                           "Pts3d",
+                       }));
 }
 
 // A class declared and never registered would escape the tests above.
@@ -239,30 +245,16 @@ TEST(EveryElementClass, EveryClassIsRegistered) {
     std::string tags;
     for (const Registered& r : registeredClasses(doc)) tags += std::string(r.tag.text()) + " ";
     EXPECT_EQ(tags,
-<<<<<<< HEAD
               "Arc2d Arrow2d Arrow3d AxesOriginX AxesOriginY AxesOriginZ Box Canvas Circle3d "
-              "ColorFunc Cone "
-              "CoordinateSystem2d CoordinateSystem2dStyle CoordinateSystem3d "
-              "CoordinateSystem3dStyle Ellipsoid Expr ExprSeq Footer Group2d Group3d Header Hints "
-              "IExpr Img2d Img3d "
+              "ColorArray2d ColorFunc Cone CoordinateSystem2d CoordinateSystem2dStyle "
+              "CoordinateSystem3d CoordinateSystem3dStyle DensityArray2d Ellipsoid Expr "
+              "ExprSeq Field2d Field3d Footer Group2d Group3d Header Hints IExpr Img2d Img3d "
               "LegendText Line2d Line3d Matrix2d Matrix3d Obj2d Obj3d ObjStyle ObjType "
-              "ParameterBegin ParameterEnd ParameterName Plane Point2d Point3d Points2d Points3d "
-              "Poly2d Poly3d Prop PropCat "
-              "PropInfo Pt2d Pts2d Pts3d Scene2d Scene2dStyle Scene3d Scene3dStyle Sphere Text2d "
-              "Text3d "
-=======
-              "Arc2d Arrow2d AxesOriginX AxesOriginY AxesOriginZ Canvas ColorArray2d ColorFunc "
-              "CoordinateSystem2d CoordinateSystem2dStyle CoordinateSystem3d "
-              "CoordinateSystem3dStyle DensityArray2d Expr ExprSeq Field2d Field3d Footer Group2d "
-              "Group3d Header Hints IExpr "
-              "Img2d Img3d "
-              "LegendText Line2d Matrix2d Matrix3d Obj2d Obj3d ObjStyle ObjType ParameterBegin "
-              "ParameterEnd ParameterName Point2d Point3d Points2d Points3d Poly2d Prop PropCat "
-              "PropInfo Pt2d Pts2d Scene2d Scene2dStyle Scene3d Scene3dStyle Text2d "
->>>>>>> h-ar
-              "TextOrientation TickPos TimeRange Title TitlePositionX TitlePositionY "
-              "TitlePositionZ Tr2d Tr3d Transform2d Transform3d VExpr VerticalAsymptote "
-              "ViewingBoxXMax ViewingBoxXMin "
+              "ParameterBegin ParameterEnd ParameterName Plane Point2d Point3d Points2d "
+              "Points3d Poly2d Poly3d Prop PropCat PropInfo Pt2d Pts2d Pts3d Scene2d "
+              "Scene2dStyle Scene3d Scene3dStyle Sphere Text2d Text3d TextOrientation TickPos "
+              "TimeRange Title TitlePositionX TitlePositionY TitlePositionZ Tr2d Tr3d "
+              "Transform2d Transform3d VExpr VerticalAsymptote ViewingBoxXMax ViewingBoxXMin "
               "ViewingBoxYMax ViewingBoxYMin ViewingBoxZMax ViewingBoxZMin XAxisTitle "
               "XTicksAnchor XTicksAt XTicksDistance YAxisTitle YTicksAnchor YTicksAt "
               "YTicksDistance ZAxisTitle ZTicksAnchor ZTicksAt ZTicksDistance ");
