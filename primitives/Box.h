@@ -25,7 +25,7 @@ namespace Grafel {
 /// below its maximum.
 class Box : public ElementClass<Box, id_Box, PrimitiveBase> {
     friend ElementClass;
-    GRAFEL_PRIMITIVE_TABLE_LAID_OUT(Box, GRAFEL_BOX_TABLE, GRAFEL_BOX_LAYOUT, boxAttributeFlags)
+    GRAFEL_PRIMITIVE_TABLE_ORDERED(Box, GRAFEL_BOX_TABLE, GRAFEL_BOX_LAYOUT, boxAttributeFlags)
 
 protected:
     explicit Box(Arbor::Document* document) : ElementClass(document) {}

@@ -19,7 +19,7 @@ namespace Grafel {
 /// it is; whoever draws the circle decides what it means.
 class Circle3d : public ElementClass<Circle3d, id_Circle3d, PrimitiveBase> {
     friend ElementClass;
-    GRAFEL_PRIMITIVE_TABLE_LAID_OUT(Circle3d, GRAFEL_CIRCLE3D_TABLE, GRAFEL_CIRCLE3D_LAYOUT,
+    GRAFEL_PRIMITIVE_TABLE_ORDERED(Circle3d, GRAFEL_CIRCLE3D_TABLE, GRAFEL_CIRCLE3D_LAYOUT,
                                     circleAttributeFlags)
 
 protected:

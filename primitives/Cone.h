@@ -22,7 +22,7 @@ namespace Grafel {
 /// defaults make a unit cylinder along z.
 class Cone : public ElementClass<Cone, id_Cone, PrimitiveBase> {
     friend ElementClass;
-    GRAFEL_PRIMITIVE_TABLE_LAID_OUT(Cone, GRAFEL_CONE_TABLE, GRAFEL_CONE_LAYOUT, coneAttributeFlags)
+    GRAFEL_PRIMITIVE_TABLE_ORDERED(Cone, GRAFEL_CONE_TABLE, GRAFEL_CONE_LAYOUT, coneAttributeFlags)
 
 protected:
     explicit Cone(Arbor::Document* document) : ElementClass(document) {}

@@ -18,7 +18,7 @@ namespace Grafel {
 /// The ellipsoid around Center with the three semi-axes; a filled solid without lines.
 class Ellipsoid : public ElementClass<Ellipsoid, id_Ellipsoid, PrimitiveBase> {
     friend ElementClass;
-    GRAFEL_PRIMITIVE_TABLE_LAID_OUT(Ellipsoid, GRAFEL_ELLIPSOID_TABLE, GRAFEL_ELLIPSOID_LAYOUT,
+    GRAFEL_PRIMITIVE_TABLE_ORDERED(Ellipsoid, GRAFEL_ELLIPSOID_TABLE, GRAFEL_ELLIPSOID_LAYOUT,
                                     ellipsoidAttributeFlags)
 
 protected:

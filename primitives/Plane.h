@@ -22,7 +22,7 @@ namespace Grafel {
 /// primitive, it inherits its mesh from the object above.
 class Plane : public ElementClass<Plane, id_Plane, PrimitiveBase> {
     friend ElementClass;
-    GRAFEL_PRIMITIVE_TABLE_LAID_OUT(Plane, GRAFEL_PLANE_TABLE, GRAFEL_PLANE_LAYOUT,
+    GRAFEL_PRIMITIVE_TABLE_ORDERED(Plane, GRAFEL_PLANE_TABLE, GRAFEL_PLANE_LAYOUT,
                                     planeAttributeFlags)
 
 protected:

@@ -36,7 +36,7 @@ namespace Grafel {
 /// the vertices.
 class Poly3d : public ElementClass<Poly3d, id_Poly3d, P3List, CloneBy::copy> {
     friend ElementClass;
-    GRAFEL_PRIMITIVE_TABLE_LAID_OUT(Poly3d, GRAFEL_POLY3D_TABLE, GRAFEL_POLY3D_LAYOUT,
+    GRAFEL_PRIMITIVE_TABLE_ORDERED(Poly3d, GRAFEL_POLY3D_TABLE, GRAFEL_POLY3D_LAYOUT,
                                     polyAttributeFlags)
 
 protected:

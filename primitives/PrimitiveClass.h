@@ -11,10 +11,8 @@
 #include <cstddef>
 #include <cstdint>
 
-/// Placed in the body of a primitive Class (on ElementClass) whose properties are the rows of
-/// TABLE. FlagsLookup names the static function that answers the member of the presence word.
-#define GRAFEL_PRIMITIVE_TABLE(Class, TABLE, FlagsLookup)                                          \
-    GRAFEL_MEMBER_PROPERTIES(Class, TABLE)                                                         \
+// The named lookup of the presence word that every primitive class answers.
+#define GRAFEL_PRIMITIVE_FLAGS_LOOKUP_(Class, FlagsLookup)                                         \
 public:                                                                                            \
     /** The presence word: one bit per property, set while the property has a stated value. */     \
     static std::uint32_t Class::*FlagsLookup() {                                                   \
@@ -23,16 +21,17 @@ public:                                                                         
                                                                                                    \
 private:
 
+/// Placed in the body of a primitive Class (on ElementClass) whose properties are the rows of
+/// TABLE. FlagsLookup names the static function that answers the member of the presence word.
+#define GRAFEL_PRIMITIVE_TABLE(Class, TABLE, FlagsLookup)                                          \
+    GRAFEL_MEMBER_PROPERTIES(Class, TABLE)                                                         \
+    GRAFEL_PRIMITIVE_FLAGS_LOOKUP_(Class, FlagsLookup)
+
 /// As GRAFEL_PRIMITIVE_TABLE, with the members stored in the order of LAYOUT (see
-/// GRAFEL_MEMBER_PROPERTIES_LAID_OUT): for a class whose rows, in their order, leave holes.
-#define GRAFEL_PRIMITIVE_TABLE_LAID_OUT(Class, TABLE, LAYOUT, FlagsLookup)                         \
-    GRAFEL_MEMBER_PROPERTIES_LAID_OUT(Class, TABLE, LAYOUT)                                        \
-public:                                                                                            \
-    static std::uint32_t Class::*FlagsLookup() {                                                   \
-        return presencePtr();                                                                      \
-    }                                                                                              \
-                                                                                                   \
-private:
+/// GRAFEL_MEMBER_PROPERTIES_ORDERED): for a class whose rows, in their order, leave holes.
+#define GRAFEL_PRIMITIVE_TABLE_ORDERED(Class, TABLE, LAYOUT, FlagsLookup)                          \
+    GRAFEL_MEMBER_PROPERTIES_ORDERED(Class, TABLE, LAYOUT)                                         \
+    GRAFEL_PRIMITIVE_FLAGS_LOOKUP_(Class, FlagsLookup)
 
 namespace Grafel::detail {
 

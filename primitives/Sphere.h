@@ -16,7 +16,7 @@ namespace Grafel {
 /// sphere decides what it means.
 class Sphere : public ElementClass<Sphere, id_Sphere, PrimitiveBase> {
     friend ElementClass;
-    GRAFEL_PRIMITIVE_TABLE_LAID_OUT(Sphere, GRAFEL_SPHERE_TABLE, GRAFEL_SPHERE_LAYOUT,
+    GRAFEL_PRIMITIVE_TABLE_ORDERED(Sphere, GRAFEL_SPHERE_TABLE, GRAFEL_SPHERE_LAYOUT,
                                     sphereAttributeFlags)
 
 protected:

@@ -25,7 +25,7 @@ namespace Grafel {
 /// text nodes.
 class Text3d : public ElementClass<Text3d, id_Text3d, PrimitiveBase> {
     friend ElementClass;
-    GRAFEL_PRIMITIVE_TABLE_LAID_OUT(Text3d, GRAFEL_TEXT3D_TABLE, GRAFEL_TEXT3D_LAYOUT,
+    GRAFEL_PRIMITIVE_TABLE_ORDERED(Text3d, GRAFEL_TEXT3D_TABLE, GRAFEL_TEXT3D_LAYOUT,
                                     textAttributeFlags)
 
 public:

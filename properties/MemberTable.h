@@ -20,6 +20,9 @@
 // presence bits follow the base's in the base's presence word, its members follow the base's,
 // the base's getters stay as they are, and its own rows are looked up, written and refreshed
 // first, then the base's, up to the first table of the chain.
+//
+// The members follow the rows' order unless an ..._ORDERED form names another, by a second
+// macro that lists the names only: GRAFEL_MEMBER_PROPERTIES_ORDERED(View3d, TABLE, MEMBERS).
 #pragma once
 
 #include <grafel/foundation/Tokens.h>
@@ -209,29 +212,9 @@ public:                                                                         
     std::ostream& putAttributesXml(std::ostream& out) override;                                    \
     void afterParentChanged() override;
 
-// The member of a row in a layout, in place of its row: the type and the constructor's value
-// come from the row, the place from the layout.
-#define GRAFEL_MEMBER_ROW_TYPE_(K, Type, Name, ...)                                                \
-    using MemberValue_##Name = GRAFEL_MEMBER_VALUE_(K, Type);                                      \
-    static MemberValue_##Name memberInit_##Name() {                                                \
-        return MemberValue_##Name(GRAFEL_ROW_INIT_(__VA_ARGS__));                                  \
-    }
-#define GRAFEL_MEMBER_LAID_OUT_FIELD_(Name) MemberValue_##Name m_##Name = memberInit_##Name();
-
-/// In the body of a member-family class whose bases have no member table: the presence word
-/// and the members (protected), the typed getters, the ten attribute pointer families and the
-/// table operations.
-#define GRAFEL_MEMBER_PROPERTIES(Class, TABLE)                                                     \
-    GRAFEL_MEMBER_PROPERTIES_WITH_FIELDS_(Class, TABLE, TABLE(GRAFEL_MEMBER_FIELD_))
-
-/// As GRAFEL_MEMBER_PROPERTIES, with the members stored in the order of LAYOUT rather than of
-/// the rows, so that they pack without holes: LAYOUT(F) lists F(Name) once for every row. A row
-/// left out or named twice does not compile.
-#define GRAFEL_MEMBER_PROPERTIES_LAID_OUT(Class, TABLE, LAYOUT)                                    \
-    GRAFEL_MEMBER_PROPERTIES_WITH_FIELDS_(                                                         \
-        Class, TABLE, TABLE(GRAFEL_MEMBER_ROW_TYPE_) LAYOUT(GRAFEL_MEMBER_LAID_OUT_FIELD_))
-
-#define GRAFEL_MEMBER_PROPERTIES_WITH_FIELDS_(Class, TABLE, FIELDS)                                \
+// The first table of a chain: what GRAFEL_MEMBER_PROPERTIES and its ordered form share.
+// TABLE(ROW) declares what the members need, then FIELDS(FIELD) declares the members.
+#define GRAFEL_MEMBER_FIRST_TABLE_(Class, TABLE, ROW, FIELDS, FIELD)                               \
     static_assert(                                                                                 \
         std::is_same_v<decltype(grafelMemberTableOf_(static_cast<const Class*>(nullptr))),         \
                        const void*>,                                                               \
@@ -253,14 +236,42 @@ public:                                                                         
 protected:                                                                                         \
     /** One bit per property of this table and of the tables that extend it. */                    \
     std::uint32_t presence_ = mandatoryBits_;                                                      \
-    FIELDS                                                                                         \
+    TABLE(ROW)                                                                                     \
+    FIELDS(FIELD)                                                                                  \
                                                                                                    \
 private:
 
-/// In the body of a member-family class Class that extends the member table of Base, the
-/// nearest of its bases with one: Class's rows take the next bits of Base's presence word, its
-/// members follow Base's, and lookup, writing and refreshing go through its rows, then Base's.
-#define GRAFEL_MEMBER_PROPERTIES_EXTENDING(Class, Base, TABLE)                                     \
+/// In the body of a member-family class whose bases have no member table: the presence word
+/// and the members (protected), the typed getters, the ten attribute pointer families and the
+/// table operations.
+#define GRAFEL_MEMBER_PROPERTIES(Class, TABLE)                                                     \
+    GRAFEL_MEMBER_FIRST_TABLE_(Class, TABLE, GRAFEL_MEMBER_NO_ROW_, TABLE, GRAFEL_MEMBER_FIELD_)
+
+// The ordered form names each row's value type and constructor's value, so that ORDER can
+// declare the members by name alone.
+#define GRAFEL_MEMBER_ROW_TYPE_(K, Type, Name, ...)                                                \
+    using MemberValue_##Name = GRAFEL_MEMBER_VALUE_(K, Type);                                      \
+    static MemberValue_##Name memberInit_##Name() {                                                \
+        return MemberValue_##Name(GRAFEL_ROW_INIT_(__VA_ARGS__));                                  \
+    }
+#define GRAFEL_MEMBER_ORDER_ROW_(Name) +1u
+#define GRAFEL_MEMBER_NO_ROW_(...)
+#define GRAFEL_MEMBER_FIELD_NAMED_(Name) MemberValue_##Name m_##Name = memberInit_##Name();
+
+/// GRAFEL_MEMBER_PROPERTIES with the members laid out in the order of ORDER, a macro taking one
+/// argument M and listing M(Name) once for each row of TABLE: registration (lookup, writing,
+/// refreshing) keeps TABLE's order, while the members can be grouped by size so that the
+/// class wastes no room on padding.
+#define GRAFEL_MEMBER_PROPERTIES_ORDERED(Class, TABLE, ORDER)                                      \
+    GRAFEL_MEMBER_FIRST_TABLE_(Class, TABLE, GRAFEL_MEMBER_ROW_TYPE_, ORDER,                       \
+                               GRAFEL_MEMBER_FIELD_NAMED_)                                         \
+    static_assert(0u ORDER(GRAFEL_MEMBER_ORDER_ROW_) == propertyRowCount_,                         \
+                  #ORDER " names each row of " #TABLE " once");                                    \
+                                                                                                   \
+private:
+
+// An extending table: what GRAFEL_MEMBER_PROPERTIES_EXTENDING and its ordered form share.
+#define GRAFEL_MEMBER_EXTENDING_TABLE_(Class, Base, TABLE, ROW, FIELDS, FIELD)                     \
     static_assert(                                                                                 \
         std::is_same_v<decltype(grafelMemberTableOf_(static_cast<const Class*>(nullptr))),         \
                        const Base*>,                                                               \
@@ -282,7 +293,25 @@ public:                                                                         
 protected:                                                                                         \
     [[no_unique_address]] ::Grafel::detail::MandatoryBits<Class> mandatoryBitsSet_{                \
         this->presence_, mandatoryBits_};                                                          \
-    TABLE(GRAFEL_MEMBER_FIELD_)                                                                    \
+    TABLE(ROW)                                                                                     \
+    FIELDS(FIELD)                                                                                  \
+                                                                                                   \
+private:
+
+/// In the body of a member-family class Class that extends the member table of Base, the
+/// nearest of its bases with one: Class's rows take the next bits of Base's presence word, its
+/// members follow Base's, and lookup, writing and refreshing go through its rows, then Base's.
+#define GRAFEL_MEMBER_PROPERTIES_EXTENDING(Class, Base, TABLE)                                     \
+    GRAFEL_MEMBER_EXTENDING_TABLE_(Class, Base, TABLE, GRAFEL_MEMBER_NO_ROW_, TABLE,               \
+                                   GRAFEL_MEMBER_FIELD_)
+
+/// GRAFEL_MEMBER_PROPERTIES_EXTENDING with Class's members laid out in the order of ORDER (as
+/// for GRAFEL_MEMBER_PROPERTIES_ORDERED): a small member first can fill the end of Base.
+#define GRAFEL_MEMBER_PROPERTIES_EXTENDING_ORDERED(Class, Base, TABLE, ORDER)                      \
+    GRAFEL_MEMBER_EXTENDING_TABLE_(Class, Base, TABLE, GRAFEL_MEMBER_ROW_TYPE_, ORDER,             \
+                                   GRAFEL_MEMBER_FIELD_NAMED_)                                     \
+    static_assert(0u ORDER(GRAFEL_MEMBER_ORDER_ROW_) == propertyRowCount_,                         \
+                  #ORDER " names each row of " #TABLE " once");                                    \
                                                                                                    \
 private:
 
