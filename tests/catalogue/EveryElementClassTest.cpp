@@ -12,6 +12,8 @@
 
 #include <cmath>
 #include <set>
+#include <string>
+#include <vector>
 
 using namespace TestSupport;
 
