@@ -10,6 +10,7 @@
 #include <grafel/document/P3List.h>
 #include <grafel/document/PlotDocument.h>
 #include <grafel/foundation/Tokens.h>
+#include <grafel/primitives/Mesh3d.h>
 #include <grafel/properties/PlotElement.h>
 
 #include <exception>
@@ -19,6 +20,7 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace GrafelTool {
 
@@ -30,7 +32,8 @@ constexpr std::string_view help = R"(Usage: grafel info INPUT
 
 Loads the plot document INPUT ("-" for standard input) and prints a summary: the page, the
 scenes, coordinate systems and styles, the groups, the transforms and the objects by type,
-the points of all point lists and the animation time range.
+the points of all point lists, the grid of each mesh (points along U x V) and the
+animation time range.
 
 Options:
   -h, --help   show this help
@@ -52,6 +55,7 @@ struct Summary {
     unsigned long long planePoints = 0;
     long spaceLists = 0;
     unsigned long long spacePoints = 0;
+    std::vector<std::string> meshGrids; ///< "nU x nV" of each Mesh3d, in document order
 };
 
 std::optional<double> doubleProperty(const Grafel::PlotElement& element, Arbor::Token name) {
@@ -99,6 +103,9 @@ void walk(const Arbor::Node& parent, Summary& summary) {
         } else if (const auto* list = dynamic_cast<const P3List*>(element)) {
             ++summary.spaceLists;
             summary.spacePoints += list->size();
+            if (const auto* mesh = dynamic_cast<const Mesh3d*>(list))
+                summary.meshGrids.push_back(std::to_string(mesh->nU()) + " x " +
+                                            std::to_string(mesh->nV()));
         }
         walk(*element, summary);
     }
@@ -158,6 +165,12 @@ void print(std::ostream& out, const std::string& input, Grafel::PlotDocument& do
     for (const auto& [type, count] : summary.objects) line(out, "  " + type, std::to_string(count));
     line(out, "plane points", pointsText(summary.planeLists, summary.planePoints));
     line(out, "space points", pointsText(summary.spaceLists, summary.spacePoints));
+    if (!summary.meshGrids.empty()) {
+        std::string grids = std::to_string(summary.meshGrids.size()) + " (";
+        for (std::size_t i = 0; i < summary.meshGrids.size(); ++i)
+            grids += (i ? ", " : "") + summary.meshGrids[i];
+        line(out, "mesh grids", grids + ")");
+    }
 
     std::string animation = "none";
     if (canvas) {
