@@ -12,9 +12,9 @@
 namespace Grafel {
 
 /// A token descriptor of either family that knows its vocabulary `Ids`, a constexpr array of
-/// catalogue ids. The check path (checkValue, isValidValue) deliberately does not consult it:
+/// catalogue ids. Its check path (checkValue, isValidValue) deliberately does not consult it:
 /// documents may carry words that no vocabulary lists, and they must load and write back
-/// unchanged.
+/// unchanged. ClosedVocabulary below is the exception, for kinds.
 template <class Base, const auto& Ids> class TokenVocabulary : public Base {
     static_assert(std::is_same_v<typename Base::Value, Arbor::Token>,
                   "a vocabulary constrains token properties only");
@@ -22,7 +22,7 @@ template <class Base, const auto& Ids> class TokenVocabulary : public Base {
 public:
     using Base::Base;
 
-    /// Whether `token` is a word of the vocabulary. Nothing on the store path asks this.
+    /// Whether `token` is a word of the vocabulary. Only a closed vocabulary's check asks this.
     virtual bool isAllowedToken(const PlotElement*, const Arbor::Token& token) const {
         for (int id : Ids)
             if (getToken(id) == token) return true;

@@ -62,8 +62,8 @@ TEST(MeshSurface, MeshGridAndRefinement) {
         EXPECT_EQ(mesh->numFaces(), c.faces);
         EXPECT_EQ(mesh->isRefined(), c.refined);
     }
-    // A cell's corners run along its row, then back along the next one.
-    Mesh3d* mesh = loaded<Mesh3d>(doc, "<Mesh3d UMesh='3' VMesh='2' USubmesh='1'/>");
+    // A cell's corners run along its row, then back along the next one (nU = 5 here).
+    Mesh3d* mesh = loaded<Mesh3d>(doc, "<Mesh3d UMesh='3' VMesh='3' USubmesh='1'/>");
     EXPECT_EQ(mesh->faceCorners(1, 2), (std::array<std::int64_t, 4>{7, 8, 13, 12}));
 
     // Lines show by one pair of switches, as a pair.
