@@ -19,14 +19,17 @@ std::int64_t saturatingProduct(std::int64_t a, std::int64_t b) {
     return __builtin_mul_overflow(a, b, &product) ? most : product;
 }
 
+/// a + 1 for a >= 0, or INT64_MAX when the sum does not fit.
+std::int64_t saturatingNext(std::int64_t a) {
+    return a == most ? most : a + 1;
+}
+
 /// (lines - 1) * (submesh + 1) + 1: the points along one direction. Values the descriptors
 /// refuse cannot be stored, but a copy of a hand-built element is not trusted to be in range.
 std::int64_t pointsAlong(long lines, long submesh) {
     if (lines < 1) return 0;
     if (submesh < 0) submesh = 0;
-    const std::int64_t along =
-        saturatingProduct(std::int64_t(lines) - 1, std::int64_t(submesh) + 1);
-    return along == most ? most : along + 1;
+    return saturatingNext(saturatingProduct(std::int64_t(lines) - 1, saturatingNext(submesh)));
 }
 
 } // namespace
