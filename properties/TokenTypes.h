@@ -1,5 +1,6 @@
-// Token properties with a named vocabulary: the words a property is meant to take. The
-// vocabulary is descriptive only; any token is stored as given, one outside the set included.
+// Token properties with a named vocabulary: the words a property is meant to take. A vocabulary
+// is descriptive only, any token stored as given, except for the closed ones, which refuse a
+// word outside their set.
 #pragma once
 
 #include <grafel/foundation/Tokens.h>
@@ -11,9 +12,9 @@
 namespace Grafel {
 
 /// A token descriptor of either family that knows its vocabulary `Ids`, a constexpr array of
-/// catalogue ids. The check path (checkValue, isValidValue) deliberately does not consult it:
+/// catalogue ids. Its check path (checkValue, isValidValue) deliberately does not consult it:
 /// documents may carry words that no vocabulary lists, and they must load and write back
-/// unchanged.
+/// unchanged. ClosedVocabulary below is the exception, for kinds.
 template <class Base, const auto& Ids> class TokenVocabulary : public Base {
     static_assert(std::is_same_v<typename Base::Value, Arbor::Token>,
                   "a vocabulary constrains token properties only");
@@ -21,7 +22,7 @@ template <class Base, const auto& Ids> class TokenVocabulary : public Base {
 public:
     using Base::Base;
 
-    /// Whether `token` is a word of the vocabulary. Nothing on the store path asks this.
+    /// Whether `token` is a word of the vocabulary. Only a closed vocabulary's check asks this.
     virtual bool isAllowedToken(const PlotElement*, const Arbor::Token& token) const {
         for (int id : Ids)
             if (getToken(id) == token) return true;
@@ -122,17 +123,28 @@ using ArrowLengthType = TokenVocabulary<TokenProperty<E, K>, Vocabulary::arrowLe
 template <Kind K>
 using ArrowLengthTypeL = TokenVocabulary<TokenListProperty<K>, Vocabulary::arrowLength>;
 
-/// The primitive kind of a Lines3d.
-template <class E, Kind K>
-using Lines3dTypeType = TokenVocabulary<TokenProperty<E, K>, Vocabulary::lines3dType>;
-template <Kind K>
-using Lines3dTypeTypeL = TokenVocabulary<TokenListProperty<K>, Vocabulary::lines3dType>;
+/// A vocabulary that is also a bound: a token outside `Ids` is refused like a number out of
+/// its range. For kinds whose every word changes how the element's data is cut up, so that an
+/// unknown word leaves nothing to draw.
+template <class Base, const auto& Ids> class ClosedVocabulary : public TokenVocabulary<Base, Ids> {
+public:
+    using TokenVocabulary<Base, Ids>::TokenVocabulary;
+    bool isValidValue(const PlotElement* element, const Arbor::Token& token) const override {
+        return this->isAllowedToken(element, token);
+    }
+};
 
-/// The primitive kind of a Surf3d.
+/// The primitive kind of a Lines3d: how its points pair into segments.
 template <class E, Kind K>
-using Surf3dTypeType = TokenVocabulary<TokenProperty<E, K>, Vocabulary::surf3dType>;
+using Lines3dTypeType = ClosedVocabulary<TokenProperty<E, K>, Vocabulary::lines3dType>;
 template <Kind K>
-using Surf3dTypeTypeL = TokenVocabulary<TokenListProperty<K>, Vocabulary::surf3dType>;
+using Lines3dTypeTypeL = ClosedVocabulary<TokenListProperty<K>, Vocabulary::lines3dType>;
+
+/// The primitive kind of a Surf3d: how its points group into faces.
+template <class E, Kind K>
+using Surf3dTypeType = ClosedVocabulary<TokenProperty<E, K>, Vocabulary::surf3dType>;
+template <Kind K>
+using Surf3dTypeTypeL = ClosedVocabulary<TokenListProperty<K>, Vocabulary::surf3dType>;
 
 template <class E, Kind K>
 using LayoutType = TokenVocabulary<TokenProperty<E, K>, Vocabulary::layout>;

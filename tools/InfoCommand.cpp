@@ -11,6 +11,7 @@
 #include <grafel/document/PlotDocument.h>
 #include <grafel/document/ZpxParserHandler.h>
 #include <grafel/foundation/Tokens.h>
+#include <grafel/primitives/Mesh3d.h>
 #include <grafel/properties/PlotElement.h>
 
 #include <exception>
@@ -33,8 +34,9 @@ constexpr std::string_view help = R"(Usage: grafel info INPUT
 
 Loads the plot document INPUT ("-" for standard input) and prints a summary: the page, the
 scenes, coordinate systems and styles, the groups, the transforms and the objects by type,
-the 3D primitives, cameras and lights, the points of all point lists, the mesh and cells of
-each raster and vector field, and the animation time range.
+the 3D primitives, cameras and lights, the points of all point lists, the grid of each mesh
+(points along U x V), the mesh and cells of each raster and vector field, and the animation
+time range.
 
 Options:
   -h, --help   show this help
@@ -61,6 +63,7 @@ struct Summary {
     unsigned long long spacePoints = 0;
     // One line for each raster and vector field, in document order.
     std::vector<std::pair<std::string, std::string>> arrays;
+    std::vector<std::string> meshGrids; ///< "nU x nV" of each Mesh3d, in document order
 };
 
 std::optional<double> doubleProperty(const Grafel::PlotElement& element, Arbor::Token name) {
@@ -156,6 +159,9 @@ void walk(const Arbor::Node& parent, Summary& summary, bool inImage3d = false) {
         } else if (const auto* list = dynamic_cast<const P3List*>(element)) {
             ++summary.spaceLists;
             summary.spacePoints += list->size();
+            if (const auto* mesh = dynamic_cast<const Mesh3d*>(list))
+                summary.meshGrids.push_back(std::to_string(mesh->nU()) + " x " +
+                                            std::to_string(mesh->nV()));
         }
         walk(*element, summary, tag == tok_Img3d);
     }
@@ -218,6 +224,12 @@ void print(std::ostream& out, const std::string& input, Grafel::PlotDocument& do
     line(out, "lights", countsText(summary.lights));
     line(out, "plane points", pointsText(summary.planeLists, summary.planePoints));
     line(out, "space points", pointsText(summary.spaceLists, summary.spacePoints));
+    if (!summary.meshGrids.empty()) {
+        std::string grids = std::to_string(summary.meshGrids.size()) + " (";
+        for (std::size_t i = 0; i < summary.meshGrids.size(); ++i)
+            grids += (i ? ", " : "") + summary.meshGrids[i];
+        line(out, "mesh grids", grids + ")");
+    }
     // Only a document with rasters or fields has these lines.
     if (!summary.arrays.empty()) {
         line(out, "arrays", std::to_string(summary.arrays.size()));

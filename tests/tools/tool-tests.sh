@@ -282,6 +282,14 @@ group_info() {
         >"$work/stdin.info"
     expect_same "info from stdin" "$work/first.info" "$work/stdin.info"
 
+    # A mesh reports its grid after refinement.
+    run "$examples" info surface-mesh.zpx
+    expect_rc "info mesh" 0
+    expect_same "info mesh summary" "$data/surface-mesh.info" "$work/out"
+    sed 's/<Mesh3d UMesh="30"/& USubmesh="2"/' "$examples/surface-mesh.zpx" >"$work/refined.zpx"
+    run "$work" info refined.zpx
+    grep -qx 'mesh grids: *1 (88 x 30)' "$work/out" || fail "info refined mesh: $(grep mesh "$work/out")"
+
     run "$data" info unknown-element.zpx
     expect_rc "info on a bad file" 1
     expect_out_empty "info on a bad file"

@@ -1,0 +1,82 @@
+// A regular grid of space points, optionally refined between its grid lines, drawn as a surface
+// of quadrangular cells with its mesh lines.
+#pragma once
+
+#include <grafel/document/P3List.h>
+#include <grafel/primitives/PrimitiveClass.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+// Colours start opaque black and tokens null; the other members hold their defaults until the
+// element gets a parent and its table fills them.
+#define GRAFEL_MESH3D_TABLE(P)                                                                     \
+    P(Mandatory, MeshType, UMesh, 20L, 20L)                                                        \
+    P(Mandatory, MeshType, VMesh, 20L, 20L)                                                        \
+    P(Optional, SubmeshType, USubmesh, 0L, 0L)                                                     \
+    P(Optional, SubmeshType, VSubmesh, 0L, 0L)                                                     \
+    P(Inherited, BoolProperty, XLinesVisible, true, true)                                          \
+    P(Inherited, BoolProperty, YLinesVisible, true, true)                                          \
+    P(Inherited, BoolProperty, ULinesVisible, true, true)                                          \
+    P(Inherited, BoolProperty, VLinesVisible, true, true)                                          \
+    P(Inherited, LineStyleType, LineStyle, ::Arbor::Token(), getToken(id_Solid))                   \
+    P(Inherited, PosOutputSizeType, LineWidth, 0.5, 0.5)                                           \
+    P(Inherited, ColorProperty, LineColor, RGBA(), RGBA::Black)                                    \
+    P(Inherited, ColorType, LineColorType, ::Arbor::Token(), getToken(id_Flat))                    \
+    P(Inherited, ColorProperty, LineColor2, RGBA(), (RGBA(0, 0, 255, 255)))                        \
+    P(Inherited, PointStyleType, PointStyle, ::Arbor::Token(), getToken(id_Squares))               \
+    P(Inherited, PosOutputSizeType, PointSize, 2.0, 2.0)                                           \
+    P(Inherited, BoolProperty, Filled, true, true)                                                 \
+    P(Inherited, ShadingType, Shading, ::Arbor::Token(), getToken(id_Flat))                        \
+    P(Inherited, ColorProperty, FillColor, RGBA(), (RGBA(255, 0, 0, 255)))                         \
+    P(Inherited, ColorType, FillColorType, ::Arbor::Token(), getToken(id_Flat))                    \
+    P(Inherited, ColorProperty, FillColor2, RGBA(), (RGBA(255, 255, 0, 255)))                      \
+    P(Inherited, BoolProperty, PointsVisible, true, true)                                          \
+    P(Optional, BoolProperty, HasLineColors, false, false)                                         \
+    P(Optional, BoolProperty, UseXYLinesVisible, false, false)                                     \
+    P(Inherited, DoubleProperty, LineColorDirectionX, 0.0, 0.0)                                    \
+    P(Inherited, DoubleProperty, LineColorDirectionY, 0.0, 0.0)                                    \
+    P(Inherited, DoubleProperty, LineColorDirectionZ, 1.0, 1.0)                                    \
+    P(Inherited, DoubleProperty, FillColorDirectionX, 0.0, 0.0)                                    \
+    P(Inherited, DoubleProperty, FillColorDirectionY, 0.0, 0.0)                                    \
+    P(Inherited, DoubleProperty, FillColorDirectionZ, 1.0, 1.0)
+
+namespace Grafel {
+
+/// UMesh x VMesh grid lines, with USubmesh and VSubmesh extra lines between two of them; the
+/// points stand row after row, a row running along U. The element does not compare its number
+/// of points with the grid: a writer that walks the cells checks that. A copy keeps the points.
+class Mesh3d : public ElementClass<Mesh3d, id_Mesh3d, P3List, CloneBy::copy> {
+    friend ElementClass;
+    GRAFEL_PRIMITIVE_TABLE(Mesh3d, GRAFEL_MESH3D_TABLE, meshAttributeFlags)
+
+public:
+    /// Points along U after refinement: (UMesh - 1) * (USubmesh + 1) + 1. Counts of the grid
+    /// saturate at INT64_MAX instead of overflowing, whatever a document declares.
+    std::int64_t nU() const;
+    /// Points along V after refinement: (VMesh - 1) * (VSubmesh + 1) + 1.
+    std::int64_t nV() const;
+    /// The points the grid asks for, nU() * nV().
+    std::int64_t gridPoints() const;
+    /// The cells, (nU() - 1) * (nV() - 1).
+    std::int64_t numFaces() const;
+    /// Whether there are cells and a submesh count above 0 puts lines between the grid lines.
+    bool isRefined() const;
+    /// The corners of the cell in row `r` (along V) and column `c` (along U), counterclockwise
+    /// from the point at (r, c), as indices into the points.
+    std::array<std::int64_t, 4> faceCorners(std::int64_t r, std::int64_t c) const;
+    /// Whether mesh lines show: the X/Y switches when UseXYLinesVisible, else the U/V ones;
+    /// one true switch of the pair shows the lines of both directions.
+    bool meshLinesVisible() const;
+
+    /// The colours of the lines, one per point, or null (see MeshColors.h).
+    const RGBA* lineColors() const;
+    /// The colours of the faces, one per point, or null.
+    const RGBA* faceColors() const;
+
+protected:
+    explicit Mesh3d(Arbor::Document* document) : ElementClass(document) {}
+};
+
+} // namespace Grafel
