@@ -80,6 +80,11 @@ public:
     void cleanup() override;
     /// In an array element the text is split into words as it comes; elsewhere it is kept.
     void onCharacterData(const char* text, int length) override;
+    /// P2 and P3.
+    std::vector<std::string> elementRunNames() const override;
+    /// Points of the open point list, one after the other, when the run is of its kind.
+    bool takesElementRun(int namespaceId, int nameId) override;
+    void elementRun(int namespaceId, int nameId, Tessel::Xml::ElementRun& run) override;
 
     PlotDocument* document() const { return document_; }
 
@@ -109,8 +114,12 @@ private:
     /// The parent of the open element becomes the open element; a point list that is left is
     /// trimmed to its size.
     void goUp();
-    void endPoint2();
-    void endPoint3();
+    /// One point from its text, which is data() or is made data() before it is needed as a
+    /// string.
+    void point2(std::string_view text);
+    void point3(std::string_view text);
+    /// data(), holding `text`.
+    const std::string& heldText(std::string_view text);
     void endArray();
     void endText();
     /// Splits array text into words, storing each completed one.
