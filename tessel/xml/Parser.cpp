@@ -245,7 +245,8 @@ struct Parser::Impl {
             run = &elements;
             handler->elementRun(lastEndIds.namespaceId, lastEndIds.nameId, elements);
         } catch (...) {
-            fixedPosition = position();
+            // The C parser, stopped by a handler, stands behind the end tag of the event.
+            fixedPosition = positionInRun(elements.at_);
             positionFixed = true;
             run = nullptr;
             exception = std::current_exception();
