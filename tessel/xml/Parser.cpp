@@ -92,6 +92,7 @@ struct Parser::Impl {
     // line where the C parser stood when the run began, by the columns the run added to it.
     bool runsEnabled = true;
     bool runNamesAsked = false;
+    bool attributesDeclared = false;
     std::vector<std::string> runNames;
     std::vector<std::string> runPatterns; // "</name><name>": where a run may start
     std::vector<const char*> runHits;     // the next place of each pattern in the current text
@@ -128,6 +129,7 @@ struct Parser::Impl {
         XML_SetUserData(xml, this);
         XML_SetElementHandler(xml, &Impl::onStart, &Impl::onEnd);
         XML_SetCharacterDataHandler(xml, &Impl::onCharacters);
+        XML_SetAttlistDeclHandler(xml, &Impl::onAttributeDeclaration);
         // Nothing is ever read from outside the text: a reference to an external entity fails
         // the parse instead of being skipped in silence. Parameter entities stay unparsed, so
         // an external DTD is never asked for. Expansion of internal entities keeps the C
@@ -140,6 +142,7 @@ struct Parser::Impl {
         exception = nullptr;
         openElements.clear();
         runNamesAsked = false;
+        attributesDeclared = false;
         fed = 0;
         lastEndAt = -1;
         lineShift = columnShift = 0;
@@ -184,7 +187,7 @@ struct Parser::Impl {
         runNamesAsked = true;
         runNames.clear();
         runPatterns.clear();
-        if (!runsEnabled) return;
+        if (!runsEnabled || attributesDeclared) return;
         for (std::string& name : handler->elementRunNames()) {
             if (!isPlainName(name)) continue;
             runPatterns.push_back("</" + name + "><" + name + ">");
@@ -372,6 +375,15 @@ struct Parser::Impl {
         } catch (...) {
             self->fail(std::current_exception());
         }
+    }
+
+    // A declared attribute may have a default value, which every element of its name then
+    // carries; a run cannot see it, so a document that declares attributes has no runs.
+    static void XMLCALL onAttributeDeclaration(void* data, const XML_Char*, const XML_Char*,
+                                               const XML_Char*, const XML_Char*, int) {
+        auto* self = static_cast<Impl*>(data);
+        self->attributesDeclared = true;
+        self->runPatterns.clear();
     }
 
     static int XMLCALL onExternalEntity(XML_Parser, const XML_Char*, const XML_Char*,
