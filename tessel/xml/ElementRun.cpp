@@ -1,7 +1,6 @@
 #include <grafel/tessel/xml/ElementRun.h>
 
 #include <array>
-#include <cstring>
 
 namespace Tessel::Xml {
 namespace {
@@ -16,6 +15,13 @@ constexpr std::array<bool, 256> plainBytes = [] {
     return table;
 }();
 
+// Names are short: a call of memcmp would cost more than the comparison.
+inline bool sameBytes(const char* a, const char* b, std::size_t n) noexcept {
+    for (std::size_t i = 0; i < n; ++i)
+        if (a[i] != b[i]) return false;
+    return true;
+}
+
 } // namespace
 
 bool ElementRun::next(std::string_view& text) noexcept {
@@ -23,13 +29,13 @@ bool ElementRun::next(std::string_view& text) noexcept {
     const char* p = at_;
     // "<name>" and at least "</name>" behind it.
     if (static_cast<std::size_t>(end_ - p) < 2 * n + 5 || p[0] != '<' ||
-        std::memcmp(p + 1, name_.data(), n) != 0 || p[n + 1] != '>')
+        !sameBytes(p + 1, name_.data(), n) || p[n + 1] != '>')
         return false;
     const char* start = p + n + 2;
     const char* q = start;
     while (q != end_ && plainBytes[static_cast<unsigned char>(*q)]) ++q;
     if (static_cast<std::size_t>(end_ - q) < n + 3 || q[0] != '<' || q[1] != '/' ||
-        std::memcmp(q + 2, name_.data(), n) != 0 || q[n + 2] != '>')
+        !sameBytes(q + 2, name_.data(), n) || q[n + 2] != '>')
         return false;
     text = std::string_view(start, static_cast<std::size_t>(q - start));
     endTag_ = q;
