@@ -227,8 +227,8 @@ struct Parser::Impl {
             const XML_Status status = feed(p, static_cast<std::size_t>(split - p), false);
             p = split;
             if (status != XML_STATUS_OK || stopped) return status;
-            if (lastEndAt != fed || lastEndBytes != static_cast<int>(endTagBytes) ||
-                handler->ignoreDepth_ > 0)
+            if (runPatterns.empty() || lastEndAt != fed ||
+                lastEndBytes != static_cast<int>(endTagBytes) || handler->ignoreDepth_ > 0)
                 continue;
             p = takeRun(p, end, runNames[which]);
             if (stopped) return XML_STATUS_ERROR;
@@ -427,9 +427,13 @@ bool Parser::parse(const char* data, int length, bool isFinal) {
     XML_Status result;
     try {
         if (!s.runNamesAsked) s.askRunNames();
-        result = s.runPatterns.empty() || length <= 0 || !data
-                     ? XML_Parse(s.xml, data, length, isFinal ? XML_TRUE : XML_FALSE)
-                     : s.parseWithRuns(data, static_cast<std::size_t>(length), isFinal);
+        if (!s.runPatterns.empty() && length > 0 && data) {
+            result = s.parseWithRuns(data, static_cast<std::size_t>(length), isFinal);
+        } else {
+            // Counted all the same: a run must find the count exact whenever it is asked.
+            if (length > 0) s.fed += length;
+            result = XML_Parse(s.xml, data, length, isFinal ? XML_TRUE : XML_FALSE);
+        }
     } catch (...) {
         s.inParse = false;
         throw;
