@@ -11,7 +11,6 @@
 #include <grafel/properties/PlotElement.h>
 #include <grafel/tessel/FlexBuff.h>
 #include <grafel/tessel/Utf.h>
-#include <grafel/tessel/xml/ElementRun.h>
 
 #include <algorithm>
 #include <array>

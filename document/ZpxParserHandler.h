@@ -5,6 +5,7 @@
 #include <grafel/document/ZpxDialect.h>
 #include <grafel/foundation/Rgba.h>
 #include <grafel/properties/ElementDocument.h>
+#include <grafel/tessel/xml/ElementRun.h>
 #include <grafel/tessel/xml/SimpleDataHandler.h>
 
 #include <cstddef>
@@ -51,8 +52,11 @@ protected:
 /// class this build lacks fails the load with a report, and so does a document element other
 /// than Canvas. P2 and P3 points go into the open element when it is a P2List or P3List, array
 /// words when it implements ColorArrayInput or DensityArrayInput. Nesting is limited to
-/// maxDepth levels, so that whatever is read can be written again (writing recurses).
-class ZpxParserHandler : public Tessel::Xml::SimpleDataHandler {
+/// maxDepth levels, so that whatever is read can be written again (writing recurses). Runs of
+/// plain P2 or P3 elements in a point list are taken in one call each, with the result that
+/// reading them one by one would have.
+class ZpxParserHandler : public Tessel::Xml::SimpleDataHandler,
+                         public Tessel::Xml::ElementRunReader {
 public:
     /// Deepest nesting of elements that a document may have.
     static constexpr int maxDepth = 4096;

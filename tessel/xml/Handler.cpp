@@ -32,14 +32,4 @@ bool Handler::ignoringElement() const {
 
 void Handler::endIgnoreElement() {}
 
-std::vector<std::string> Handler::elementRunNames() const {
-    return {};
-}
-
-bool Handler::takesElementRun(int, int) {
-    return false;
-}
-
-void Handler::elementRun(int, int, ElementRun&) {}
-
 } // namespace Tessel::Xml

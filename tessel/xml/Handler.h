@@ -4,12 +4,10 @@
 
 #include <grafel/tessel/xml/Attribute.h>
 
-#include <string>
 #include <vector>
 
 namespace Tessel::Xml {
 
-class ElementRun;
 class Parser;
 
 /// Base of every XML event handler. Each operation does nothing by default, and the name
@@ -51,21 +49,6 @@ public:
     virtual bool ignoringElement() const;
     /// Called at the end of the skipped element, in place of its endElement.
     virtual void endIgnoreElement();
-
-    /// Names of elements, as written without a prefix, that this handler may take in runs;
-    /// asked when a document starts. None by default.
-    virtual std::vector<std::string> elementRunNames() const;
-    /// Whether the elements that follow the one that just ended, when they have its name, may
-    /// come as a run through elementRun(). Asked between events, with nothing skipped. False by
-    /// default.
-    virtual bool takesElementRun(int namespaceId, int nameId);
-    /// Siblings of the element that just ended, with its numbers, taken through run.next().
-    /// Each element taken must have the effect that its startElement (with no attributes),
-    /// characterData (its text, none when empty) and endElement would have, and must not call
-    /// ignoreElement(); the elements not taken reach the handler as events. The parser's
-    /// position, asked meanwhile, is the end tag of the element taken last. Takes none by
-    /// default.
-    virtual void elementRun(int namespaceId, int nameId, ElementRun& run);
 
 protected:
     /// Number of elements open inside the skipped region, the skipped element included; 0 when

@@ -91,6 +91,7 @@ struct Parser::Impl {
     // its positions behind a run are shifted here: by the line feeds the run held, and on the
     // line where the C parser stood when the run began, by the columns the run added to it.
     bool runsEnabled = true;
+    ElementRunReader* runReader = nullptr; // the handler, when it takes runs
     bool runNamesAsked = false;
     bool attributesDeclared = false;
     std::vector<std::string> runNames;
@@ -187,8 +188,9 @@ struct Parser::Impl {
         runNamesAsked = true;
         runNames.clear();
         runPatterns.clear();
-        if (!runsEnabled || attributesDeclared) return;
-        for (std::string& name : handler->elementRunNames()) {
+        runReader = dynamic_cast<ElementRunReader*>(handler);
+        if (!runReader || !runsEnabled || attributesDeclared) return;
+        for (std::string& name : runReader->elementRunNames()) {
             if (!isPlainName(name)) continue;
             runPatterns.push_back("</" + name + "><" + name + ">");
             runNames.push_back(std::move(name));
@@ -244,9 +246,9 @@ struct Parser::Impl {
         runExpat = expatPosition();
         runBase = position();
         try {
-            if (!handler->takesElementRun(lastEndIds.namespaceId, lastEndIds.nameId)) return at;
+            if (!runReader->takesElementRun(lastEndIds.namespaceId, lastEndIds.nameId)) return at;
             run = &elements;
-            handler->elementRun(lastEndIds.namespaceId, lastEndIds.nameId, elements);
+            runReader->elementRun(lastEndIds.namespaceId, lastEndIds.nameId, elements);
         } catch (...) {
             // The C parser, stopped by a handler, stands behind the end tag of the event.
             fixedPosition = positionInRun(elements.at_);

@@ -224,7 +224,7 @@ TEST(TesselXmlParser, SimpleDataHandlerCollectsAndTrims) {
 namespace {
 
 // Takes runs of "p" and turns each element back into its three events.
-class RunRecorder : public Recorder {
+class RunRecorder : public Recorder, public Tessel::Xml::ElementRunReader {
 public:
     int runs = 0;
     std::vector<std::string> elementRunNames() const override { return {"p"}; }
