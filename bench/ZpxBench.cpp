@@ -122,9 +122,10 @@ const std::string& document(bool space, int count = pointCount) {
     return text;
 }
 
-bool load(PlotDocument& doc, const std::string& text, bool namespaces = true) {
+bool load(PlotDocument& doc, const std::string& text, bool namespaces = true, bool runs = true) {
     BenchHandler handler(&doc, false, nullptr);
     ZpxParser parser(&handler, namespaces, nullptr);
+    parser.setElementRuns(runs);
     for (std::size_t at = 0; at < text.size(); at += pieceSize) {
         const std::size_t n = std::min(pieceSize, text.size() - at);
         if (!parser.parseSave(text.data() + at, static_cast<int>(n), at + n == text.size()))
@@ -195,14 +196,14 @@ struct LoadResult {
     double peakMB = 0;
 };
 
-LoadResult measuredLoad(const std::string& text, bool namespaces = true) {
+LoadResult measuredLoad(const std::string& text, bool namespaces = true, bool runs = true) {
     LoadResult r;
     PlotDocument doc;
     malloc_trim(0); // memory freed before must not hide what the load takes
     const std::size_t before = statusBytes("VmRSS:");
     const bool peakKnown = resetPeak();
     const double t0 = cpuSeconds();
-    if (!load(doc, text, namespaces)) return r;
+    if (!load(doc, text, namespaces, runs)) return r;
     r.seconds = cpuSeconds() - t0;
     if (peakKnown && before) {
         const std::size_t arrays = arrayBytes(doc.documentElement()->firstChild());
@@ -216,12 +217,14 @@ LoadResult measuredLoad(const std::string& text, bool namespaces = true) {
 
 // Load against the plain parser pass, in the same iteration, and the peak memory of the load
 // against the final arrays plus the input text. The load is also timed with the parser's
-// namespace processing off, which a host may choose for text in the default namespace.
+// namespace processing off, which a host may choose for text in the default namespace, and with
+// every point element read as events of its own.
 void loadVersusExpat(benchmark::State& state, bool space) {
     BenchClasses classes;
     const std::string& text = document(space);
     double zpx = 0;
     double zpxPlainNames = 0;
+    double zpxEvents = 0;
     double expat = 0;
     LoadResult last;
     for (auto _ : state) {
@@ -233,9 +236,11 @@ void loadVersusExpat(benchmark::State& state, bool space) {
         zpx += last.seconds;
         state.SetIterationTime(last.seconds);
         zpxPlainNames += measuredLoad(text, false).seconds;
+        zpxEvents += measuredLoad(text, true, false).seconds;
     }
     state.counters["ratio_to_expat"] = zpx / expat;
     state.counters["ratio_no_namespaces"] = zpxPlainNames / expat;
+    state.counters["ratio_without_runs"] = zpxEvents / expat;
     state.counters["expat_ms"] = 1e3 * expat / double(state.iterations());
     state.counters["peak_MB"] = last.peakMB;
     state.counters["peak_to_arrays_plus_input"] = last.peakRatio;

@@ -50,8 +50,7 @@ const char* skipXmlSpace(const char* p, const char* end) {
 // space. In that shape the words are what the point pattern counts, each field is what the
 // sscanf format of that pattern converts, and no "inf" can occur. Anything else answers false
 // and is left to the general path.
-bool plainPoint(const std::string& text, double* values, int& numbers, ScanWord* words,
-                int& colors) {
+bool plainPoint(std::string_view text, double* values, int& numbers, ScanWord* words, int& colors) {
     const char* p = text.data();
     const char* end = p + text.size();
     numbers = colors = 0;
@@ -80,7 +79,7 @@ bool plainPoint(const std::string& text, double* values, int& numbers, ScanWord*
 }
 
 // Words and how many of them start with '#', as the P3 pattern counts them.
-void countWords(const std::string& text, int& numbers, int& colors) {
+void countWords(std::string_view text, int& numbers, int& colors) {
     numbers = colors = 0;
     const char* p = text.data();
     const char* end = p + text.size();
@@ -294,10 +293,10 @@ void ZpxParserHandler::endElement(int namespaceId, int nameId) {
     --depth_;
     switch (zpxTagGroup(nameId)) {
     case ZpxTagGroup::Point2:
-        endPoint2();
+        point2(data());
         break;
     case ZpxTagGroup::Point3:
-        endPoint3();
+        point3(data());
         break;
     case ZpxTagGroup::Root:
         enter(nullptr);
@@ -348,15 +347,43 @@ void ZpxParserHandler::endText() {
     goUp();
 }
 
-void ZpxParserHandler::endPoint2() {
+std::vector<std::string> ZpxParserHandler::elementRunNames() const {
+    return {"P2", "P3"};
+}
+
+bool ZpxParserHandler::takesElementRun(int, int nameId) {
+    return (nameId == id_P2 && currentP2_) || (nameId == id_P3 && currentP3_);
+}
+
+void ZpxParserHandler::elementRun(int, int nameId, Tessel::Xml::ElementRun& run) {
+    std::string_view text;
+    if (!run.next(text)) return;
+    childIndex_ = 0;
+    std::string_view last;
+    do {
+        last = text;
+        if (nameId == id_P2)
+            point2(text);
+        else
+            point3(text);
+    } while (run.next(text));
+    // What an element read by itself leaves behind.
+    heldText(last);
+}
+
+const std::string& ZpxParserHandler::heldText(std::string_view text) {
+    if (text.data() != data().data() || text.size() != data().size()) replaceTextData(text);
+    return data();
+}
+
+void ZpxParserHandler::point2(std::string_view view) {
     P2List* list = currentP2_;
     if (!list) illegalChild("P2", current_.get());
-    const std::string& text = data();
     double v[6];
     ScanWord words[2];
     int numbers = 0;
     int colors = 0;
-    if (plainNumbers_ && plainPoint(text, v, numbers, words, colors) && numbers == 2 &&
+    if (plainNumbers_ && plainPoint(view, v, numbers, words, colors) && numbers == 2 &&
         colors <= 1) {
         if (colors == 0) {
             if (list->colored()) illegalChild("P2", current_.get());
@@ -370,6 +397,7 @@ void ZpxParserHandler::endPoint2() {
             return;
         }
     }
+    const std::string& text = heldText(view);
     if (text.find("inf") != std::string::npos) return;
     if (text.find('#') == std::string::npos) {
         if (list->colored()) illegalChild("P2", current_.get());
@@ -384,28 +412,29 @@ void ZpxParserHandler::endPoint2() {
     }
 }
 
-void ZpxParserHandler::endPoint3() {
+void ZpxParserHandler::point3(std::string_view view) {
     P3List* list = currentP3_;
     if (!list) illegalChild("P3", current_.get());
-    const std::string& text = data();
     double v[6];
     ScanWord words[2];
     RGBA first;
     RGBA second;
     int numbers = 0;
     int colors = 0;
-    const bool plain = plainNumbers_ && plainPoint(text, v, numbers, words, colors) &&
+    const bool plain = plainNumbers_ && plainPoint(view, v, numbers, words, colors) &&
                        (numbers == 3 || numbers == 6) && (colors < 1 || first.parse(words[0])) &&
                        (colors < 2 || second.parse(words[1]));
     if (!plain) {
-        countWords(text, numbers, colors);
-        if (text.empty() || colors > 2 || (numbers != 3 && numbers != 6))
-            illegalData("P3", text.c_str());
+        countWords(view, numbers, colors);
+        if (view.empty() || colors > 2 || (numbers != 3 && numbers != 6))
+            illegalData("P3", heldText(view).c_str());
     }
     const bool withNormal = numbers == 6;
     if (list->size() > 0 && (withNormal != list->hasNormals() || colors != list->numColors()))
-        illegalData("P3", text.c_str());
+        illegalData("P3", heldText(view).c_str());
     if (!plain) {
+        // Only the general reading and the reports need the text as a string.
+        const std::string& text = heldText(view);
         if (text.find("inf") != std::string::npos) return;
         first = second = RGBA();
         if (scanFields(text, numbers, colors, v, words) != numbers + colors ||

@@ -5,6 +5,7 @@
 #include <grafel/document/ZpxDialect.h>
 #include <grafel/foundation/Rgba.h>
 #include <grafel/properties/ElementDocument.h>
+#include <grafel/tessel/xml/ElementRun.h>
 #include <grafel/tessel/xml/SimpleDataHandler.h>
 
 #include <cstddef>
@@ -54,8 +55,11 @@ protected:
 /// class this build lacks fails the load with a report, and so does a document element other
 /// than Canvas. P2 and P3 points go into the open element when it is a P2List or P3List, array
 /// words when it implements ColorArrayInput or DensityArrayInput. Nesting is limited to
-/// maxDepth levels, so that whatever is read can be written again (writing recurses).
-class ZpxParserHandler : public Tessel::Xml::SimpleDataHandler {
+/// maxDepth levels, so that whatever is read can be written again (writing recurses). Runs of
+/// plain P2 or P3 elements in a point list are taken in one call each, with the result that
+/// reading them one by one would have.
+class ZpxParserHandler : public Tessel::Xml::SimpleDataHandler,
+                         public Tessel::Xml::ElementRunReader {
 public:
     /// Deepest nesting of elements that a document may have.
     static constexpr int maxDepth = 4096;
@@ -83,6 +87,11 @@ public:
     void cleanup() override;
     /// In an array element the text is split into words as it comes; elsewhere it is kept.
     void onCharacterData(const char* text, int length) override;
+    /// P2 and P3.
+    std::vector<std::string> elementRunNames() const override;
+    /// Points of the open point list, one after the other, when the run is of its kind.
+    bool takesElementRun(int namespaceId, int nameId) override;
+    void elementRun(int namespaceId, int nameId, Tessel::Xml::ElementRun& run) override;
 
     PlotDocument* document() const { return document_; }
 
@@ -112,8 +121,12 @@ private:
     /// The parent of the open element becomes the open element; a point list or array that is
     /// left is trimmed to its size.
     void goUp();
-    void endPoint2();
-    void endPoint3();
+    /// One point from its text, which is data() or is made data() before it is needed as a
+    /// string.
+    void point2(std::string_view text);
+    void point3(std::string_view text);
+    /// data(), holding `text`.
+    const std::string& heldText(std::string_view text);
     void endArray();
     void endText();
     /// Splits array text into words, storing each completed one.

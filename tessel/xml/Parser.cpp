@@ -1,5 +1,6 @@
 #include <grafel/tessel/xml/Parser.h>
 
+#include <grafel/tessel/xml/ElementRun.h>
 #include <grafel/tessel/xml/Handler.h>
 
 #include <cstring>
@@ -37,6 +38,23 @@ struct NameHash {
 // The mapper's answers by the name as the C parser spells it, looked up without a copy.
 using NameCache = std::unordered_map<std::string, Ids, NameHash, std::equal_to<>>;
 
+// A position as the C parser counts it: line from 1, column in characters from 0.
+struct Position {
+    long line;
+    long column;
+};
+
+// Whether a name can be found in the text as written, without a prefix.
+bool isPlainName(const std::string& name) {
+    if (name.empty()) return false;
+    for (char c : name) {
+        const bool ok = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+                        (c >= '0' && c <= '9') || c == '_' || c == '-' || c == '.';
+        if (!ok) return false;
+    }
+    return true;
+}
+
 bool isNamespaceDeclaration(const char* name) {
     return std::strncmp(name, "xmlns", 5) == 0 && (name[5] == '\0' || name[5] == ':');
 }
@@ -69,6 +87,30 @@ struct Parser::Impl {
     std::vector<Ids> openElements;
     std::vector<Attribute> attributes; // reused from one start tag to the next
 
+    // Runs of plain elements (see ElementRun). The C parser never sees the text of a run, so
+    // its positions behind a run are shifted here: by the line feeds the run held, and on the
+    // line where the C parser stood when the run began, by the columns the run added to it.
+    bool runsEnabled = true;
+    ElementRunReader* runReader = nullptr; // the handler, when it takes runs
+    bool runNamesAsked = false;
+    bool attributesDeclared = false;
+    std::vector<std::string> runNames;
+    std::vector<std::string> runPatterns; // "</name><name>": where a run may start
+    std::vector<const char*> runHits;     // the next place of each pattern in the current text
+    long long fed = 0;                    // bytes given to the C parser
+    Ids lastEndIds = {};
+    long long lastEndAt = -1; // byte behind the last end tag the C parser reported
+    int lastEndBytes = 0;
+    long lineShift = 0;
+    long shiftedLine = -1; // a line of the C parser's count on which columnShift applies
+    long columnShift = 0;
+    ElementRun* run = nullptr; // while a handler takes one
+    const char* runStart = nullptr;
+    Position runBase = {};      // the true position of runStart
+    Position runExpat = {};     // the C parser's position there
+    bool positionFixed = false; // a run failed: the position stays that of its failure
+    Position fixedPosition = {};
+
     Impl(Handler* h, bool ns, const char* enc)
         : userHandler(h), handler(h ? h : &idle), namespaces(ns), hasEncoding(enc != nullptr),
           encoding(enc ? enc : "") {
@@ -88,6 +130,7 @@ struct Parser::Impl {
         XML_SetUserData(xml, this);
         XML_SetElementHandler(xml, &Impl::onStart, &Impl::onEnd);
         XML_SetCharacterDataHandler(xml, &Impl::onCharacters);
+        XML_SetAttlistDeclHandler(xml, &Impl::onAttributeDeclaration);
         // Nothing is ever read from outside the text: a reference to an external entity fails
         // the parse instead of being skipped in silence. Parameter entities stay unparsed, so
         // an external DTD is never asked for. Expansion of internal entities keeps the C
@@ -99,6 +142,136 @@ struct Parser::Impl {
         error = "";
         exception = nullptr;
         openElements.clear();
+        runNamesAsked = false;
+        attributesDeclared = false;
+        fed = 0;
+        lastEndAt = -1;
+        lineShift = columnShift = 0;
+        shiftedLine = -1;
+        run = nullptr;
+        positionFixed = false;
+    }
+
+    Position expatPosition() const {
+        return {static_cast<long>(XML_GetCurrentLineNumber(xml)),
+                static_cast<long>(XML_GetCurrentColumnNumber(xml))};
+    }
+
+    Position position() const {
+        if (positionFixed) return fixedPosition;
+        if (run) return positionInRun(run->endTag_ ? run->endTag_ : runStart);
+        const Position p = expatPosition();
+        return {p.line + lineShift, p.column + (p.line == shiftedLine ? columnShift : 0)};
+    }
+
+    // Line feeds in [runStart, at), and the bytes behind the last of them; the bytes of a run
+    // are single characters.
+    void countLines(const char* at, long& lines, long& tail) const {
+        lines = 0;
+        const char* lineStart = runStart;
+        for (const char* p = runStart;
+             (p = static_cast<const char*>(std::memchr(p, '\n', static_cast<std::size_t>(at - p))));
+             lineStart = ++p)
+            ++lines;
+        tail = static_cast<long>(at - lineStart);
+    }
+
+    Position positionInRun(const char* at) const {
+        long lines;
+        long tail;
+        countLines(at, lines, tail);
+        if (lines == 0) return {runBase.line, runBase.column + tail};
+        return {runBase.line + lines, tail};
+    }
+
+    void askRunNames() {
+        runNamesAsked = true;
+        runNames.clear();
+        runPatterns.clear();
+        runReader = dynamic_cast<ElementRunReader*>(handler);
+        if (!runReader || !runsEnabled || attributesDeclared) return;
+        for (std::string& name : runReader->elementRunNames()) {
+            if (!isPlainName(name)) continue;
+            runPatterns.push_back("</" + name + "><" + name + ">");
+            runNames.push_back(std::move(name));
+        }
+    }
+
+    XML_Status feed(const char* data, std::size_t length, bool isFinal) {
+        fed += static_cast<long long>(length);
+        return XML_Parse(xml, data, static_cast<int>(length), isFinal ? XML_TRUE : XML_FALSE);
+    }
+
+    // The text in pieces cut where a run may start: when the C parser has just reported the
+    // end tag written right there, and the handler takes the run, the handler reads it, and
+    // the C parser goes on behind it.
+    XML_Status parseWithRuns(const char* data, std::size_t length, bool isFinal) {
+        const char* p = data;
+        const char* const end = data + length;
+        runHits.assign(runPatterns.size(), nullptr);
+        for (;;) {
+            const char* split = nullptr;
+            std::size_t which = 0;
+            for (std::size_t i = 0; i < runPatterns.size(); ++i) {
+                if (!runHits[i] || runHits[i] < p) {
+                    const std::size_t at =
+                        std::string_view(p, static_cast<std::size_t>(end - p)).find(runPatterns[i]);
+                    runHits[i] = at == std::string_view::npos ? end : p + at;
+                }
+                if (runHits[i] != end && (!split || runHits[i] < split)) {
+                    split = runHits[i];
+                    which = i;
+                }
+            }
+            if (!split) break;
+            const std::size_t endTagBytes = runNames[which].size() + 3;
+            split += endTagBytes;
+            const XML_Status status = feed(p, static_cast<std::size_t>(split - p), false);
+            p = split;
+            if (status != XML_STATUS_OK || stopped) return status;
+            if (runPatterns.empty() || lastEndAt != fed ||
+                lastEndBytes != static_cast<int>(endTagBytes) || handler->ignoreDepth_ > 0)
+                continue;
+            p = takeRun(p, end, runNames[which]);
+            if (stopped) return XML_STATUS_ERROR;
+        }
+        return feed(p, static_cast<std::size_t>(end - p), isFinal);
+    }
+
+    // Hands the run at `at` to the handler, if it takes one; answers where the C parser goes
+    // on. A failure is kept as a failure of the C parser would be, at the element's end tag.
+    const char* takeRun(const char* at, const char* end, const std::string& name) {
+        ElementRun elements(at, end, name);
+        runStart = at;
+        runExpat = expatPosition();
+        runBase = position();
+        try {
+            if (!runReader->takesElementRun(lastEndIds.namespaceId, lastEndIds.nameId)) return at;
+            run = &elements;
+            runReader->elementRun(lastEndIds.namespaceId, lastEndIds.nameId, elements);
+        } catch (...) {
+            // The C parser, stopped by a handler, stands behind the end tag of the event.
+            fixedPosition = positionInRun(elements.at_);
+            positionFixed = true;
+            run = nullptr;
+            exception = std::current_exception();
+            stopped = true;
+            return at;
+        }
+        run = nullptr;
+        const char* stop = elements.at_;
+        long lines;
+        long tail;
+        countLines(stop, lines, tail);
+        const long shiftBefore = runExpat.line == shiftedLine ? columnShift : 0;
+        if (lines == 0) {
+            columnShift = shiftBefore + tail;
+        } else {
+            lineShift += lines;
+            columnShift = tail - runExpat.column;
+        }
+        shiftedLine = runExpat.line;
+        return stop;
     }
 
     void stop() {
@@ -185,6 +358,12 @@ struct Parser::Impl {
             }
             self->openElements.pop_back();
             handler.endElement(ids.namespaceId, ids.nameId);
+            if (!self->runPatterns.empty()) {
+                self->lastEndIds = ids;
+                self->lastEndAt = XML_GetCurrentByteIndex(self->xml);
+                self->lastEndBytes = XML_GetCurrentByteCount(self->xml);
+                self->lastEndAt += self->lastEndBytes;
+            }
         } catch (...) {
             self->fail(std::current_exception());
         }
@@ -200,6 +379,15 @@ struct Parser::Impl {
         }
     }
 
+    // A declared attribute may have a default value, which every element of its name then
+    // carries; a run cannot see it, so a document that declares attributes has no runs.
+    static void XMLCALL onAttributeDeclaration(void* data, const XML_Char*, const XML_Char*,
+                                               const XML_Char*, const XML_Char*, int) {
+        auto* self = static_cast<Impl*>(data);
+        self->attributesDeclared = true;
+        self->runPatterns.clear();
+    }
+
     static int XMLCALL onExternalEntity(XML_Parser, const XML_Char*, const XML_Char*,
                                         const XML_Char*, const XML_Char*) {
         return XML_STATUS_ERROR;
@@ -212,7 +400,9 @@ Parser::Parser(Handler* handler, bool namespaces, const char* encoding)
 Parser::Parser(const Parser& other)
     : impl_(std::make_unique<Impl>(other.impl_->userHandler, other.impl_->namespaces,
                                    other.impl_->hasEncoding ? other.impl_->encoding.c_str()
-                                                            : nullptr)) {}
+                                                            : nullptr)) {
+    impl_->runsEnabled = other.impl_->runsEnabled;
+}
 
 Parser& Parser::operator=(const Parser& other) {
     if (this != &other) {
@@ -220,6 +410,7 @@ Parser& Parser::operator=(const Parser& other) {
         auto fresh = std::make_unique<Impl>(other.impl_->userHandler, other.impl_->namespaces,
                                             other.impl_->hasEncoding ? other.impl_->encoding.c_str()
                                                                      : nullptr);
+        fresh->runsEnabled = other.impl_->runsEnabled;
         impl_ = std::move(fresh);
     }
     return *this;
@@ -235,7 +426,20 @@ bool Parser::parse(const char* data, int length, bool isFinal) {
         return false;
     }
     s.inParse = true;
-    const XML_Status result = XML_Parse(s.xml, data, length, isFinal ? XML_TRUE : XML_FALSE);
+    XML_Status result;
+    try {
+        if (!s.runNamesAsked) s.askRunNames();
+        if (!s.runPatterns.empty() && length > 0 && data) {
+            result = s.parseWithRuns(data, static_cast<std::size_t>(length), isFinal);
+        } else {
+            // Counted all the same: a run must find the count exact whenever it is asked.
+            if (length > 0) s.fed += length;
+            result = XML_Parse(s.xml, data, length, isFinal ? XML_TRUE : XML_FALSE);
+        }
+    } catch (...) {
+        s.inParse = false;
+        throw;
+    }
     s.inParse = false;
     if (result == XML_STATUS_OK && !s.stopped) {
         if (isFinal) s.status = Impl::Status::Finished;
@@ -251,11 +455,21 @@ bool Parser::parse(const char* data, int length, bool isFinal) {
 }
 
 long Parser::currentLine() const {
-    return static_cast<long>(XML_GetCurrentLineNumber(impl_->xml));
+    return impl_->position().line;
 }
 
 long Parser::currentColumn() const {
-    return static_cast<long>(XML_GetCurrentColumnNumber(impl_->xml)) + 1;
+    return impl_->position().column + 1;
+}
+
+void Parser::setElementRuns(bool on) {
+    if (impl_->inParse) return;
+    impl_->runsEnabled = on;
+    impl_->runNamesAsked = false;
+}
+
+bool Parser::elementRuns() const {
+    return impl_->runsEnabled;
 }
 
 const char* Parser::errorText() const {

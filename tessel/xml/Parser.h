@@ -49,6 +49,13 @@ public:
 
     Handler* handler() const;
 
+    /// Whether runs of plain elements go to a handler that takes them in one call
+    /// (ElementRunReader) rather than as an event each; on by default, and kept by copies.
+    /// The handler sees the same document either way, and the positions are the same. Takes
+    /// effect from the next parse() call; does nothing when called from a callback.
+    void setElementRuns(bool on);
+    bool elementRuns() const;
+
 private:
     struct Impl;
     std::unique_ptr<Impl> impl_;

@@ -37,6 +37,10 @@ void SimpleDataHandler::appendTextData(const char* text, unsigned length) {
     data_.append(text, length);
 }
 
+void SimpleDataHandler::replaceTextData(std::string_view text) {
+    data_.assign(text);
+}
+
 void SimpleDataHandler::trimTextData() {
     size_t end = data_.size();
     while (end > 0 && isXmlSpace(data_[end - 1])) --end;

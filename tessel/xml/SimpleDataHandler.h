@@ -5,6 +5,7 @@
 #include <grafel/tessel/xml/Handler.h>
 
 #include <string>
+#include <string_view>
 
 namespace Tessel::Xml {
 
@@ -44,6 +45,8 @@ protected:
 
     /// Appends to the collected data.
     void appendTextData(const char* text, unsigned length);
+    /// Makes `text` the collected data, as an element read in a run would have left it.
+    void replaceTextData(std::string_view text);
     /// Strips XML white space (blank, tab, line feed, carriage return) from both ends of the
     /// collected data.
     void trimTextData();

@@ -1,3 +1,4 @@
+#include <grafel/tessel/xml/ElementRun.h>
 #include <grafel/tessel/xml/Parser.h>
 #include <grafel/tessel/xml/SimpleDataHandler.h>
 
@@ -7,6 +8,8 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <vector>
 
 using Tessel::Xml::Attribute;
 using Tessel::Xml::Parser;
@@ -216,4 +219,44 @@ TEST(TesselXmlParser, SimpleDataHandlerCollectsAndTrims) {
     EXPECT_EQ(trimmer.texts, (std::vector<std::string>{"x \ty", "", "z", "-"}));
     Trimmer copy(trimmer);
     EXPECT_EQ(copy.data(), trimmer.data());
+}
+
+namespace {
+
+// Takes runs of "p" and turns each element back into its three events.
+class RunRecorder : public Recorder, public Tessel::Xml::ElementRunReader {
+public:
+    int runs = 0;
+    std::vector<std::string> elementRunNames() const override { return {"p"}; }
+    bool takesElementRun(int, int) override { return true; }
+    void elementRun(int ns, int id, Tessel::Xml::ElementRun& run) override {
+        ++runs;
+        std::string_view text;
+        while (run.next(text)) {
+            startElement(ns, id, {});
+            if (!text.empty()) characterData(text.data(), static_cast<int>(text.size()));
+            endElement(ns, id);
+        }
+    }
+};
+
+} // namespace
+
+TEST(TesselXmlParser, RunsGiveTheEventsOfTheirElements) {
+    const std::string body = "<p>1</p><p>a b</p><p>\n</p><p></p><p x='1'>2</p><p>3</p>\n"
+                             "<p>&amp;</p><p>4</p><p>5]</p><p>6</p><p>7\r\n</p><p>8</p></r>";
+    // A declared default reaches every element, which a run could not show.
+    for (const std::string prolog : {"", "<!DOCTYPE r [<!ATTLIST p d CDATA 'v'>]>"}) {
+        const std::string text = prolog + "<r>\n" + body;
+        RunRecorder events;
+        Parser one(&events, true, nullptr);
+        one.setElementRuns(false);
+        ASSERT_TRUE(parseWhole(one, text));
+        RunRecorder runs;
+        Parser bulk(&runs, true, nullptr);
+        ASSERT_TRUE(parseWhole(bulk, text));
+        EXPECT_EQ(runs.log, events.log);
+        EXPECT_EQ(events.runs, 0);
+        EXPECT_EQ(runs.runs, prolog.empty() ? 5 : 0);
+    }
 }

@@ -1,0 +1,239 @@
+// Point lists read in runs against the same documents read one event per element: random
+// documents mix plain point elements with every form that must leave the run (markup, references,
+// attributes, other line ends, bad characters, bad numbers), cut into random pieces.
+#include "ZpxTestHelpers.h"
+
+#include <grafel/tessel/xml/ElementRun.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace ZpxTest;
+
+// Every report with the parser's position at the time, as a host's report would show it.
+std::vector<std::string>& positioned() {
+    static std::vector<std::string> all;
+    return all;
+}
+Tessel::Xml::Parser*& reportingParser() {
+    static Tessel::Xml::Parser* parser = nullptr;
+    return parser;
+}
+void collectPositioned(const char* format, va_list args) {
+    char text[512];
+    std::vsnprintf(text, sizeof text, format, args);
+    const Tessel::Xml::Parser* p = reportingParser();
+    positioned().push_back(std::to_string(p->currentLine()) + ":" +
+                           std::to_string(p->currentColumn()) + " " + text);
+}
+
+int runsTaken = 0;
+
+class CountingHandler : public TestHandler {
+public:
+    using TestHandler::TestHandler;
+    void elementRun(int ns, int id, Tessel::Xml::ElementRun& run) override {
+        ++runsTaken;
+        TestHandler::elementRun(ns, id, run);
+    }
+};
+
+struct Outcome {
+    bool ok = true;
+    std::string error;
+    long line = 0;
+    long column = 0;
+    std::vector<std::string> reports;
+    std::string document;
+};
+
+Outcome loadInPieces(const std::string& text, const std::vector<std::size_t>& cuts, bool runs) {
+    PlotDocument doc;
+    positioned().clear();
+    doc.domErrorHdl(&collectPositioned);
+    CountingHandler handler(&doc, false, &collectPositioned);
+    ZpxParser parser(&handler, true, nullptr);
+    parser.setElementRuns(runs);
+    reportingParser() = &parser;
+    Outcome out;
+    std::size_t at = 0;
+    for (std::size_t i = 0; out.ok && i <= cuts.size(); ++i) {
+        const std::size_t to = i < cuts.size() ? cuts[i] : text.size();
+        out.ok = parser.parseSave(text.data() + at, static_cast<int>(to - at), to == text.size());
+        at = to;
+    }
+    out.error = parser.errorText();
+    out.line = parser.currentLine();
+    out.column = parser.currentColumn();
+    out.reports = positioned();
+    std::ostringstream written;
+    written.precision(17);
+    doc.putXml(written);
+    out.document = written.str();
+    reportingParser() = nullptr;
+    return out;
+}
+
+class DocumentMaker {
+public:
+    explicit DocumentMaker(unsigned seed) : random_(seed) {}
+
+    std::string make() {
+        std::string text = "<?xml version=\"1.0\"?>\n<Canvas xmlns=\"";
+        text += zpxNamespaceUri;
+        text += "\">";
+        faults_ = pick(2) == 0;
+        for (int lists = pick(3) + 1; lists > 0; --lists) {
+            const bool space = pick(2) == 1;
+            const char* tag = space ? "Row2" : "Row1";
+            text += std::string("<") + tag + ">" + (pick(4) == 0 ? "\n" : "");
+            // The form of the list's points, kept by most of them.
+            const int normals = pick(2);
+            const int colors = pick(space ? 3 : 2);
+            for (int n = pick(60); n > 0; --n) text += element(space, normals, colors);
+            text += std::string("</") + tag + ">\n";
+        }
+        return text + "</Canvas>\n";
+    }
+
+    std::vector<std::size_t> cuts(std::size_t size) {
+        std::vector<std::size_t> at;
+        if (pick(3) == 0) return at;
+        const std::size_t piece = 1 + pick(static_cast<int>(size));
+        for (std::size_t c = piece; c < size; c += 1 + pick(static_cast<int>(2 * piece)))
+            at.push_back(c);
+        return at;
+    }
+
+private:
+    int pick(int n) { return std::uniform_int_distribution<int>(0, n - 1)(random_); }
+
+    std::string number() {
+        char text[40];
+        const double v = std::uniform_real_distribution<double>(-1e4, 1e4)(random_);
+        switch (pick(4)) {
+        case 0:
+            std::snprintf(text, sizeof text, "%.17g", v);
+            break;
+        case 1:
+            std::snprintf(text, sizeof text, "%g", v);
+            break;
+        case 2:
+            std::snprintf(text, sizeof text, "%.3e", v / 1e8);
+            break;
+        default:
+            std::snprintf(text, sizeof text, "%d", pick(100));
+            break;
+        }
+        return text;
+    }
+
+    std::string gap() {
+        static const char* const gaps[] = {" ", " ", " ", "  ", "\t", "\n", " \n\t"};
+        return gaps[pick(7)];
+    }
+
+    std::string color() { return pick(2) ? "#ff8000" : "#12345678"; }
+
+    std::string pointText(bool space, int normals, int colors) {
+        int numbers = space ? (normals ? 6 : 3) : 2;
+        if (faults_ && pick(40) == 0) numbers += pick(3) - 1; // a number too few or too many
+        if (faults_ && pick(40) == 0) colors = pick(3);       // another form than the list's
+        std::string text = pick(5) == 0 ? gap() : "";
+        for (int i = 0; i < numbers; ++i) text += (i ? gap() : "") + number();
+        for (int i = 0; i < colors; ++i) text += gap() + color();
+        if (pick(5) == 0) text += gap();
+        if (faults_ && pick(60) == 0) {
+            static const char* const odd[] = {"inf 1 2 3 4 5", "+1 2",   "1e999 2", "abc", "",
+                                              "0x1p3 2 3",     "nan 1 1"};
+            text = odd[pick(7)];
+        }
+        return text;
+    }
+
+    std::string element(bool space, int normals, int colors) {
+        std::string name = space ? "P3" : "P2";
+        if (faults_ && pick(150) == 0) name = space ? "P2" : "P3"; // in the wrong list
+        std::string text = pointText(space, normals, colors);
+        std::string open = "<" + name + ">";
+        std::string close = "</" + name + ">";
+        // The forms a run must not take; those from 6 on fail the load.
+        switch (pick(faults_ ? 60 : 6)) {
+        case 0:
+            open = "<" + name + " >";
+            break;
+        case 1:
+            text += "<!-- c -->";
+            break;
+        case 2:
+            if (auto at = text.find(' '); at != std::string::npos) text.replace(at, 1, "&#32;");
+            break;
+        case 3:
+            text = "<![CDATA[" + text + "]]>";
+            break;
+        case 4:
+            if (auto at = text.find(' '); at != std::string::npos) text.replace(at, 1, "\r\n");
+            break;
+        case 5:
+            open = "<z:" + name + " xmlns:z=\"" + zpxNamespaceUri + "\">";
+            close = "</z:" + name + ">";
+            break;
+        case 6:
+            return "<" + name + "/>";
+        case 7:
+            open = "<" + name + " id=\"a\">";
+            break;
+        case 8:
+            text += pick(2) ? "\xc3\xa9" : "&amp;";
+            break;
+        case 9:
+            text += pick(2) ? "]]>" : "\x01";
+            break;
+        case 10:
+            close = "</" + name + " >";
+            break;
+        default:
+            break;
+        }
+        std::string between;
+        if (pick(30) == 0) between = pick(2) ? "\n" : "<!--x-->";
+        return open + text + close + between;
+    }
+
+    std::mt19937 random_;
+    bool faults_ = false; // whether the document may hold points that fail the load
+};
+
+TEST(ZpxPointRuns, ReadAsEveryElementByItself) {
+    TestClasses classes;
+    DocumentMaker maker(20261123);
+    int failed = 0;
+    runsTaken = 0;
+    for (int i = 0; i < 3000; ++i) {
+        const std::string text = maker.make();
+        const std::vector<std::size_t> cuts = maker.cuts(text.size());
+        const Outcome one = loadInPieces(text, cuts, false);
+        const Outcome runs = loadInPieces(text, cuts, true);
+        failed += !one.ok;
+        SCOPED_TRACE("document " + std::to_string(i) + ":\n" + text);
+        ASSERT_EQ(one.ok, runs.ok);
+        ASSERT_EQ(one.error, runs.error);
+        ASSERT_EQ(one.reports, runs.reports);
+        ASSERT_EQ(one.line, runs.line);
+        ASSERT_EQ(one.column, runs.column);
+        ASSERT_EQ(one.document, runs.document);
+    }
+    // Both outcomes, and the runs, occur often enough to mean something.
+    EXPECT_GT(failed, 300);
+    EXPECT_LT(failed, 2700);
+    EXPECT_GT(runsTaken, 3000);
+}
+
+} // namespace
