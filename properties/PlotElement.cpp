@@ -160,9 +160,17 @@ void PlotElement::beforeRemoval(Token name) {
     // With the value gone, inheritingElement() no longer sees the way through this element, so
     // the question is asked now, by the walk that a set of the value here would run.
     if (!doc->hasObservers() || !hasAttribute(name)) return;
+    struct Gathering { // a walk that throws leaves neither the gathering nor the entry behind
+        ElementDocument* doc;
+        bool done = false;
+        ~Gathering() {
+            doc->gathering_ = nullptr;
+            if (!done) doc->removals_.pop_back();
+        }
+    } gathering{doc};
     doc->gathering_ = &r;
     propagateAfterAttributeChange(this, name);
-    doc->gathering_ = nullptr;
+    gathering.done = true;
     // Once each, in the order found.
     auto& f = r.followers;
     for (const auto& e : f) r.sorted.push_back(e.get());
