@@ -32,9 +32,10 @@ class Range;
 /// change (attribute set or removal, child change) joins the open task, and each
 /// newUndoTask() closes it and opens the next. undo() and redo() replay a whole task through
 /// the raw operations and then the after walks (afterSetAttribute / afterRemoveAttribute down
-/// the subtree, afterParentChanged on moved nodes), inside one batch. A new change forgets
-/// what could be redone. clearUndoStack() forgets everything and stops recording until the
-/// next newUndoTask().
+/// the subtree, a removal bracketed by beforeRemoval / afterRemoval, afterParentChanged on
+/// moved nodes), inside one batch, so that a replay tells the elements what the change it
+/// replays told them. A new change forgets what could be redone. clearUndoStack() forgets
+/// everything and stops recording until the next newUndoTask().
 ///
 /// Changes. changeCount() grows with every change of the tree or of an attribute of any of its
 /// nodes, by whatever path (guarded, raw, replayed, or a subtree being released), so that a

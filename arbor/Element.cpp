@@ -46,6 +46,8 @@ bool Element::beforeRemoveAttribute(Element*, Token) {
 bool Element::afterRemoveAttribute(Element*, Token) {
     return true;
 }
+void Element::beforeRemoval(Token) {}
+void Element::afterRemoval(Token) {}
 std::ostream& Element::putAttributesXml(std::ostream& out) {
     return out;
 }
@@ -73,9 +75,11 @@ void Element::removeAttribute(Token name) {
         document_->recordAttribute(this, name, had, had ? getAttribute(name) : Variant(), false,
                                    Variant());
     }
+    beforeRemoval(name);
     removeAttributeRaw(name);
     if (document_) document_->noteChangeOf(this);
     walkAfterRemove(this, name);
+    afterRemoval(name);
 }
 
 namespace {

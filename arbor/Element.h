@@ -15,7 +15,8 @@ namespace Arbor {
 /// state is recorded when an undo task is open; setAttributeRaw() stores; then
 /// afterSetAttribute(this, name) is called, and while it returns true the same call goes to each
 /// child element, downwards (the "after walk"). removeAttribute() is the same with the remove
-/// hooks.
+/// hooks, and is bracketed by beforeRemoval() and afterRemoval(), as is every replay of a
+/// removal by undo or redo.
 class Element : public InnerNode {
 public:
     long nodeType() const override { return ElementNode; }
@@ -50,6 +51,12 @@ protected:
     virtual bool afterSetAttribute(Element* source, Token name);
     virtual bool beforeRemoveAttribute(Element* source, Token name);
     virtual bool afterRemoveAttribute(Element* source, Token name);
+    /// Called on the element whose `name` is about to go, while the value is still there, and
+    /// again once the after walk of its removal has ended; a replayed removal is bracketed the
+    /// same way and cannot be refused. Lets an element find out who followed the value before
+    /// the question can no longer be asked. The kernel's do nothing.
+    virtual void beforeRemoval(Token name);
+    virtual void afterRemoval(Token name);
     /// Writes the attributes inside the open tag; the kernel's writes none.
     virtual std::ostream& putAttributesXml(std::ostream& out);
 

@@ -96,6 +96,32 @@ void GetPropertyFromTypeStyle(benchmark::State& state) {
 }
 BENCHMARK(GetPropertyFromTypeStyle);
 
+// A value set on the style and removed again: the change walks every element below the style's
+// parent. Without observers no event is made; with one, each element that follows hears.
+void setThenRemove(benchmark::State& state, bool observed) {
+    struct Ignore : Arbor::IDocObserver {
+        void handleEvent(Arbor::DomEvent&) override {}
+    } ignore;
+    Tree t(tok_Function2d);
+    if (observed) t.doc.addObserver(&ignore, tok_AfterPropertyChange);
+    ObjStyle* style = t.style.get();
+    for (auto _ : state) {
+        style->setAttribute(tok_LineWidth, Arbor::DoubleVariant(2.0));
+        style->removeAttribute(tok_LineWidth);
+    }
+    if (observed) t.doc.removeObserver(&ignore, tok_AfterPropertyChange);
+}
+
+void StyleSetThenRemove(benchmark::State& state) {
+    setThenRemove(state, false);
+}
+BENCHMARK(StyleSetThenRemove);
+
+void StyleSetThenRemoveObserved(benchmark::State& state) {
+    setThenRemove(state, true);
+}
+BENCHMARK(StyleSetThenRemoveObserved);
+
 // Processor time of this process: the machine is shared, and the ratio should not depend on
 // what else runs.
 double cpuSeconds() {

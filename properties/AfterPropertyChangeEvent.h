@@ -9,7 +9,9 @@ namespace Grafel {
 
 class PlotElement;
 
-/// Fired on an element for the property `name`; its type is tok_AfterPropertyChange.
+/// Fired on an element for the property `name`; its type is tok_AfterPropertyChange. Every
+/// element whose effective value of `name` changed hears it, whether the change was a set, a
+/// removal, an undo or a redo; inside a batch it arrives when the batch closes.
 class AfterPropertyChangeEvent : public Arbor::DomAttributeEvent {
 public:
     AfterPropertyChangeEvent(PlotElement* element, Arbor::Token name);

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <grafel/arbor/Document.h>
+#include <grafel/arbor/Element.h>
 
 #include <cstdarg>
+#include <vector>
 
 namespace Grafel {
 
@@ -35,7 +37,21 @@ public:
     ErrorHandler errorHandler() const { return errorHandler_; }
 
 private:
+    friend class PlotElement;
+
+    /// A removal under way: the elements that followed the value while it was there, in the
+    /// order the change walk found them (each once), and the same sorted by address for lookup.
+    struct Removal {
+        Arbor::Token name;
+        std::vector<Arbor::Ref<Arbor::Element>> followers;
+        std::vector<const Arbor::Element*> sorted;
+    };
+
     ErrorHandler errorHandler_ = nullptr;
+    // Innermost last: an observer may remove a value while the walk of another removal runs.
+    std::vector<Removal> removals_;
+    // While set, the change walk only gathers into it the elements that it would notify.
+    Removal* gathering_ = nullptr;
 };
 
 } // namespace Grafel

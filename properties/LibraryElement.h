@@ -9,6 +9,11 @@ namespace Grafel {
 /// A list element with the attributes id, Name and Consistent. It hears of a change above it
 /// when its own value passes through the changed element and it holds no value of its own; its
 /// command form is "plot::NAME(" with its values and its child elements, then ")".
+///
+/// What a viewer can rely on: when a value is set, removed, or put back by undo or redo, every
+/// element whose effective value of that property changed receives an AfterPropertyChangeEvent
+/// for it, after the change (a removal tells each element that followed the removed value,
+/// once). Some elements whose value stayed the same may hear of it as well.
 class LibraryElement : public AttributeListElement {
 public:
     bool afterAttributeChange(Arbor::Element* source, Arbor::Token name) override;
@@ -33,7 +38,9 @@ protected:
 
 /// A style: its values are the inherited defaults of its siblings (not its children), and it
 /// has no children unless a class below admits some. Its command form writes each value as
-/// "plot::TYPE::name=value", with TYPE from getCmdType().
+/// "plot::TYPE::name=value", with TYPE from getCmdType(). A change of one of its values, undo
+/// and redo included, is heard by the style and by every sibling, and element below one, whose
+/// effective value changed with it, as for LibraryElement.
 class StyleElement : public AttributeListElement {
 public:
     bool isStyle() const override { return true; }

@@ -5,6 +5,7 @@
 #include <grafel/properties/AfterPropertyChangeEvent.h>
 #include <grafel/properties/Property.h>
 
+#include <algorithm>
 #include <cstdarg>
 
 namespace Grafel {
@@ -138,8 +139,62 @@ void PlotElement::propagateAfterAttributeChange(Arbor::Element* source, Token na
 
 void PlotElement::fireAfterPropertyChange(Token name) {
     if (!document_ || !document_->hasObservers()) return;
+    if (ElementDocument* doc = plotDocument(); !doc->removals_.empty()) {
+        if (ElementDocument::Removal* r = doc->gathering_) {
+            if (r->name == name) r->followers.emplace_back(this);
+            return;
+        }
+        const ElementDocument::Removal& r = doc->removals_.back();
+        if (r.name == name && std::binary_search(r.sorted.begin(), r.sorted.end(), this))
+            return; // told when the removal ends
+    }
     AfterPropertyChangeEvent event(this, name);
     document_->fireEvent(event);
+}
+
+void PlotElement::beforeRemoval(Token name) {
+    ElementDocument* doc = plotDocument();
+    if (!doc) return;
+    ElementDocument::Removal& r = doc->removals_.emplace_back();
+    r.name = name;
+    // With the value gone, inheritingElement() no longer sees the way through this element, so
+    // the question is asked now, by the walk that a set of the value here would run.
+    if (!doc->hasObservers() || !hasAttribute(name)) return;
+    struct Gathering { // a walk that throws leaves neither the gathering nor the entry behind
+        ElementDocument* doc;
+        bool done = false;
+        ~Gathering() {
+            doc->gathering_ = nullptr;
+            if (!done) doc->removals_.pop_back();
+        }
+    } gathering{doc};
+    doc->gathering_ = &r;
+    propagateAfterAttributeChange(this, name);
+    gathering.done = true;
+    // Once each, in the order found.
+    auto& f = r.followers;
+    for (const auto& e : f) r.sorted.push_back(e.get());
+    std::sort(r.sorted.begin(), r.sorted.end());
+    r.sorted.erase(std::unique(r.sorted.begin(), r.sorted.end()), r.sorted.end());
+    if (r.sorted.size() != f.size()) {
+        std::vector<bool> taken(r.sorted.size());
+        std::erase_if(f, [&](const Arbor::Ref<Arbor::Element>& e) {
+            const auto at = std::lower_bound(r.sorted.begin(), r.sorted.end(), e.get());
+            const size_t k = size_t(at - r.sorted.begin());
+            if (taken[k]) return true;
+            taken[k] = true;
+            return false;
+        });
+    }
+}
+
+void PlotElement::afterRemoval(Token) {
+    ElementDocument* doc = plotDocument();
+    if (!doc || doc->removals_.empty()) return;
+    ElementDocument::Removal r = std::move(doc->removals_.back());
+    doc->removals_.pop_back();
+    for (const auto& e : r.followers)
+        static_cast<PlotElement*>(e.get())->fireAfterPropertyChange(r.name);
 }
 
 void PlotElement::replaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) {

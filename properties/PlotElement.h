@@ -31,6 +31,11 @@ protected:
     void removeAttributeRaw(Arbor::Token name) override;
     bool afterSetAttribute(Arbor::Element* source, Arbor::Token name) override;
     bool afterRemoveAttribute(Arbor::Element* source, Arbor::Token name) override;
+    /// While observers listen and the value is still here, runs the change walk of a set of it
+    /// without firing, to learn which elements follow it; they hear of the removal once its
+    /// walk has ended, each once, whatever the walk after the removal told them.
+    void beforeRemoval(Arbor::Token name) override;
+    void afterRemoval(Arbor::Token name) override;
 
 public:
     /// Reads the value from UTF-8 text through the descriptor and sets it.
@@ -90,7 +95,9 @@ public:
     bool inheritingElement(Arbor::Element* element, Arbor::Token name) const;
     /// afterAttributeChange here and, while it answers true, on the child elements below.
     void propagateAfterAttributeChange(Arbor::Element* source, Arbor::Token name);
-    /// Fires AfterPropertyChangeEvent(this, name) through the document.
+    /// Fires AfterPropertyChangeEvent(this, name) through the document. Nothing is made
+    /// without observers; while a removal of `name` is under way, an element that followed the
+    /// removed value is told at the end of it instead.
     void fireAfterPropertyChange(Arbor::Token name);
 
     PlotElement(const PlotElement& other) : Arbor::Element(other) {}

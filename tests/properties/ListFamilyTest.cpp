@@ -168,10 +168,22 @@ TEST(ListFamily, EventsReachExactlyTheElementsWhoseValueChanged) {
     // The style only: its sibling's own value stands, for the sibling and all below it.
     EXPECT_EQ(t.heard.events, (std::vector<std::string>{"style"}));
 
-    // A removal tells the element itself; below it, the value no longer passes through it.
+    // A removal tells the element itself and those that followed the removed value: bottom
+    // read mid's 5 and now reads the style's 2. (Deciding after the removal, when the value no
+    // longer passes through mid, used to leave bottom unheard.) Undo puts the value back and
+    // tells the same elements; redo removes it again.
     t.heard.events.clear();
+    t.doc.newUndoTask();
     t.mid->removeAttribute(tok_LineWidth);
-    EXPECT_EQ(t.heard.events, (std::vector<std::string>{"mid"}));
+    const std::vector<std::string> midAndBelow{"mid", "bottom"};
+    EXPECT_EQ(t.heard.events, midAndBelow);
+    t.doc.newUndoTask();
+    for (bool (Arbor::Document::*replay)() : {&Arbor::Document::undo, &Arbor::Document::redo}) {
+        t.heard.events.clear();
+        ASSERT_TRUE((t.doc.*replay)());
+        EXPECT_EQ(t.heard.events, midAndBelow);
+    }
+    t.doc.clearUndoStack();
     // A change at the top passes through the style (which inherits from the top), so the
     // elements that follow the style hear of it, though the style's own value hides it.
     t.heard.events.clear();
