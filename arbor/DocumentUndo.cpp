@@ -23,11 +23,7 @@ public:
             if (Document* d = e->ownerDocument()) d->noteChangeOf(e);
             e->walkAfterSet(e, name_);
         } else {
-            e->beforeRemoval(name_);
-            e->removeAttributeRaw(name_);
-            if (Document* d = e->ownerDocument()) d->noteChangeOf(e);
-            e->walkAfterRemove(e, name_);
-            e->afterRemoval(name_);
+            e->removeAndWalk(name_);
         }
     }
 

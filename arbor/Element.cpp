@@ -48,6 +48,7 @@ bool Element::afterRemoveAttribute(Element*, Token) {
 }
 void Element::beforeRemoval(Token) {}
 void Element::afterRemoval(Token) {}
+void Element::removalAbandoned(Token) noexcept {}
 std::ostream& Element::putAttributesXml(std::ostream& out) {
     return out;
 }
@@ -75,10 +76,24 @@ void Element::removeAttribute(Token name) {
         document_->recordAttribute(this, name, had, had ? getAttribute(name) : Variant(), false,
                                    Variant());
     }
+    removeAndWalk(name);
+}
+
+void Element::removeAndWalk(Token name) {
     beforeRemoval(name);
+    // A walk that throws (an observer may) must not leave what beforeRemoval() set up behind.
+    struct Abandon {
+        Element* element;
+        Token name;
+        bool ended = false;
+        ~Abandon() {
+            if (!ended) element->removalAbandoned(name);
+        }
+    } abandon{this, name};
     removeAttributeRaw(name);
     if (document_) document_->noteChangeOf(this);
     walkAfterRemove(this, name);
+    abandon.ended = true;
     afterRemoval(name);
 }
 

@@ -57,6 +57,9 @@ protected:
     /// the question can no longer be asked. The kernel's do nothing.
     virtual void beforeRemoval(Token name);
     virtual void afterRemoval(Token name);
+    /// In place of afterRemoval() when the after walk ended by an exception: forgets what
+    /// beforeRemoval() prepared, without telling anyone.
+    virtual void removalAbandoned(Token name) noexcept;
     /// Writes the attributes inside the open tag; the kernel's writes none.
     virtual std::ostream& putAttributesXml(std::ostream& out);
 
@@ -65,6 +68,10 @@ protected:
     void walkAfterSet(Element* source, Token name);
     /// The after walk of removeAttribute.
     void walkAfterRemove(Element* source, Token name);
+    /// Removes the attribute and runs the after walk, bracketed by beforeRemoval() and
+    /// afterRemoval() (or removalAbandoned()): removeAttribute() and the replay of a removal by
+    /// undo or redo share it.
+    void removeAndWalk(Token name);
 
 private:
     friend class Document;

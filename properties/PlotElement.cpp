@@ -197,6 +197,11 @@ void PlotElement::afterRemoval(Token) {
         static_cast<PlotElement*>(e.get())->fireAfterPropertyChange(r.name);
 }
 
+void PlotElement::removalAbandoned(Token) noexcept {
+    if (ElementDocument* doc = plotDocument(); doc && !doc->removals_.empty())
+        doc->removals_.pop_back();
+}
+
 void PlotElement::replaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) {
     Arbor::Node::replaceChildren(first, count, newFirst);
 }

@@ -36,6 +36,7 @@ protected:
     /// walk has ended, each once, whatever the walk after the removal told them.
     void beforeRemoval(Arbor::Token name) override;
     void afterRemoval(Arbor::Token name) override;
+    void removalAbandoned(Arbor::Token name) noexcept override;
 
 public:
     /// Reads the value from UTF-8 text through the descriptor and sets it.
