@@ -9,7 +9,9 @@
 
 #include <array>
 #include <cstdint>
+#include <atomic>
 #include <mutex>
+#include <thread>
 
 namespace Grafel {
 
@@ -86,10 +88,26 @@ private:
     std::array<Slot, 128> slots_{};
 };
 
-std::mutex& catalogueLock() {
-    static std::mutex lock;
-    return lock;
-}
+// The catalogue's lock: a word that one locked exchange takes, so that an uncontended lookup
+// costs little more than the index probe. A waiter spins briefly, then yields; it waits long
+// only while another thread builds an entry. Constant-initialised, so it exists before any
+// caller, and ordinary lock semantics (acquire on taking, release on leaving) guard the tree.
+class CatalogueLock {
+public:
+    void lock() noexcept {
+        for (int spins = 0; taken_.exchange(true, std::memory_order_acquire); ++spins) {
+            while (taken_.load(std::memory_order_relaxed)) {
+                if (++spins > 64) std::this_thread::yield();
+            }
+        }
+    }
+    void unlock() noexcept { taken_.store(false, std::memory_order_release); }
+
+private:
+    std::atomic<bool> taken_{false};
+};
+
+constinit CatalogueLock catalogueLock;
 
 PlotElement* lookupForDocuments(Token type) {
     return getStdObjType(type);
@@ -101,7 +119,7 @@ const bool installed = (PlotDocument::setStdObjTypeLookup(&lookupForDocuments), 
 } // namespace
 
 ObjType* getStdObjType(Token type) {
-    const std::lock_guard<std::mutex> hold(catalogueLock());
+    const std::lock_guard<CatalogueLock> hold(catalogueLock);
     static Catalogue catalogue;
     if (type.isNull()) return nullptr;
     if (ObjType* entry = catalogue.find(type)) return entry;
