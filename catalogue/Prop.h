@@ -32,8 +32,20 @@ public:
         return !newFirst && (!first || count == 0);
     }
 
+    /// One command item "Opt=value", the value written by the option's value type: Bool as
+    /// TRUE or FALSE, String quoted, Color and Font in their command forms, ColorList as the
+    /// colours found in the text in brackets; any other type, or none, as the text stands. A
+    /// text that does not parse as its type leaves the value empty.
+    void putCmd(CmdOStream& out) override;
+
 protected:
     explicit Prop(Arbor::Document* document) : ElementClass(document) {}
+
+    /// The value type of this option, from the catalogue entry of the object's Type: the
+    /// document's own ObjType of that Type when it has one (which then hides the shared entry
+    /// entirely), else the shared one. Null outside an Obj2d or Obj3d, or for an option that
+    /// the entry does not list.
+    Arbor::Token type() const;
 };
 
 } // namespace Grafel

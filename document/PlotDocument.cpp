@@ -23,6 +23,19 @@ PlotDocument::PlotDocument() {
 
 PlotDocument::~PlotDocument() = default;
 
+namespace {
+// Set once while the library loads, before any caller can ask.
+PlotDocument::StdObjTypeLookup stdObjTypeLookup = nullptr;
+} // namespace
+
+PlotElement* PlotDocument::getStdObjType(Token type) {
+    return stdObjTypeLookup ? stdObjTypeLookup(type) : nullptr;
+}
+
+void PlotDocument::setStdObjTypeLookup(StdObjTypeLookup lookup) noexcept {
+    stdObjTypeLookup = lookup;
+}
+
 void PlotDocument::fixupTree() {
     if (PlotElement* root = PlotElement::from(documentElement())) root->fixupTree();
 }

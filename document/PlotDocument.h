@@ -14,11 +14,20 @@ namespace Grafel {
 /// The selection is the document's first selected range, and nothing else.
 class PlotDocument : public ElementDocument {
 public:
+    /// Answers the shared catalogue entry of an object type; the catalogue layer installs it.
+    using StdObjTypeLookup = PlotElement* (*)(Arbor::Token type);
+
     /// An empty document, written in the namespace of the ZPX dialect.
     PlotDocument();
     PlotDocument(const PlotDocument& other) = default;
     PlotDocument& operator=(const PlotDocument& other) = default;
     ~PlotDocument() override;
+
+    /// The ObjType entry of `type` in the process-wide catalogue, or null. It does not read
+    /// this document; the entry lives to the end of the process and must not be changed.
+    virtual PlotElement* getStdObjType(Arbor::Token type);
+    /// Installs the catalogue behind getStdObjType (null: every answer is null).
+    static void setStdObjTypeLookup(StdObjTypeLookup lookup) noexcept;
 
     /// Runs fixupTree down from the document element.
     virtual void fixupTree();

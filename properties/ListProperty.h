@@ -9,6 +9,7 @@
 #include <grafel/properties/ValueTraits.h>
 
 #include <ostream>
+#include <type_traits>
 
 namespace Grafel {
 
@@ -96,8 +97,10 @@ public:
     const Value& typedDefault() const { return defaultTyped_; }
 
 protected:
-    /// ` name="value"`.
+    /// ` name="value"`; nothing for a null token, which has no text that would read back.
     void putXml(std::ostream& out, const Value& value) const {
+        if constexpr (std::is_same_v<Value, Arbor::Token>)
+            if (value.isNull()) return;
         out << ' ' << name_ << "=\"";
         Trait::PutXml::put(out, value);
         out << '"';

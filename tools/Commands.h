@@ -15,6 +15,8 @@ int runConvert(Words args);
 int runCheck(Words args);
 /// grafel info INPUT
 int runInfo(Words args);
+/// grafel props [--xml] [TYPE [INPUT]]
+int runProps(Words args);
 /// grafel times [--from T] [--backward] INPUT
 int runTimes(Words args);
 

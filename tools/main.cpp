@@ -26,6 +26,7 @@ constexpr Command commands[] = {
     {"convert", "load a document and write it as ZPX or command text", &runConvert},
     {"check", "load documents and tell whether they load", &runCheck},
     {"info", "summarise what a document holds", &runInfo},
+    {"props", "show the properties an inspector lists for a type", &runProps},
     {"times", "list the moments at which an animation changes", &runTimes},
 };
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Tests of the grafel command-line tool, one group of cases per ctest entry:
 #   tool-tests.sh GROUP TOOL SOURCE_DIR WORK_DIR
-# GROUP is usage, convert, check, info, times, reports or examples. Exits 0 when every case passed,
+# GROUP is usage, convert, check, info, props, times, reports or examples. Exits 0 when every case passed,
 # 1 when any failed, 77 (skipped) when an example needs element classes this build lacks.
 #
 # The groups are called by name ("group_$group"), which shellcheck cannot follow.
@@ -293,6 +293,54 @@ group_info() {
     run "$data" info unknown-element.zpx
     expect_rc "info on a bad file" 1
     expect_out_empty "info on a bad file"
+}
+
+group_props() {
+    run "$work" props
+    expect_rc "props list" 0
+    expect_out_has "props list" "Function2d"
+    [ "$(wc -l <"$work/out")" = 52 ] || fail "props list: $(wc -l <"$work/out") types"
+
+    run "$work" props Function2d
+    expect_rc "props tree" 0
+    expect_err_empty "props tree"
+    expect_out_has "props tree" "Style"
+    expect_out_has "props tree" "  Lines"
+    expect_out_has "props tree" "    LineColor Color"
+    expect_out_has "props tree" "  Expr(Function)"
+    expect_out_has "props tree" "  XMesh PosInt recalc"
+
+    run "$work" props Plane
+    expect_rc "props of a type not served" 1
+    run "$work" props Funtion2d
+    expect_rc "props unknown type" 1
+    expect_out_empty "props unknown type"
+    expect_err "props unknown type" \
+        "grafel props: unknown type 'Funtion2d'; nearest: Function2d, Function3d, Polygon2d"
+
+    # The entry as ZPX reads back inside a page.
+    run "$work" props --xml Curve2d
+    expect_rc "props xml" 0
+    { echo '<Canvas version="1">'; cat "$work/out"; echo '</Canvas>'; } >"$work/entry.zpx"
+    run "$work" check entry.zpx
+    expect_rc "props xml reads back" 0
+    expect_err_empty "props xml reads back"
+
+    # Values beside the rows, and where they come from.
+    run "$examples" props Function2d function-graph.zpx
+    expect_rc "props values" 0
+    expect_out_has "props values" "  Name String = sine  (own)"
+    expect_out_has "props values" "  XMesh PosInt recalc = 41  (ObjStyle Function2d at Canvas)"
+    expect_out_has "props values" \
+        "  DiscontinuitySearch Bool recalc = 1  (ObjStyle Function2d at CoordinateSystem2d)"
+    expect_out_has "props values" "    LineStyle LineStyle = Solid  (default)"
+    expect_out_has "props values" "  Expr(XMin) = -PI  (own)"
+    run "$examples" props Curve2d function-graph.zpx
+    expect_rc "props without such an element" 1
+    expect_err "props without such an element" \
+        "function-graph.zpx: error: no element of type Curve2d"
+    run "$examples" props --xml Function2d function-graph.zpx
+    expect_usage_error "props xml with input" "grafel props" "--xml takes no INPUT"
 }
 
 group_times() {
