@@ -274,7 +274,8 @@ void ZpaParser::Loader::primitive(PlotElement& image) {
             element = make(tok_Pts3d);
             P3List& list = p3List(*element);
             if (colored) {
-                element->setAttribute(tok_LineColor, RGBAVariant(color));
+                // A point cloud has no line colour to carry it: its own colour is PointColor.
+                element->setAttribute(tok_PointColor, RGBAVariant(color));
                 list.push_back(point, color);
             } else {
                 list.push_back(point);

@@ -207,7 +207,8 @@ TEST(ZpaReader, SpaceRecordsBuildTheTree) {
     EXPECT_FALSE(mesh->hasAttribute(tok_VSubmesh));
     PlotElement* image = child(child(system, tok_Obj3d, 4), tok_Img3d);
     PlotElement* pts = child(image, tok_Pts3d);
-    EXPECT_EQ(color(pts, tok_LineColor), RGBA(255, 0, 0, 255));
+    // A point cloud keeps its colour as PointColor: it has no LineColor.
+    EXPECT_EQ(color(pts, tok_PointColor), RGBA(255, 0, 0, 255));
     EXPECT_EQ(dynamic_cast<P3List*>(pts)->numColors(), 1);
     PlotElement* quad = child(image, tok_Poly3d);
     EXPECT_TRUE(quad->getAttribute(tok_Closed).as<Arbor::BoolVariant>()->val())
