@@ -76,7 +76,8 @@ public:
     const RGBA* faceColors() const;
 
 protected:
-    explicit Mesh3d(Arbor::Document* document) : ElementClass(document) {}
+    /// A new mesh states nothing, not even its grid: UMesh and VMesh come with the data.
+    explicit Mesh3d(Arbor::Document* document) : ElementClass(document) { presence_ = 0; }
 };
 
 } // namespace Grafel

@@ -62,6 +62,15 @@ TEST(MeshSurface, MeshGridAndRefinement) {
         EXPECT_EQ(mesh->numFaces(), c.faces);
         EXPECT_EQ(mesh->isRefined(), c.refined);
     }
+    // A new mesh sets no presence bit, its grid's neither (as Mandatory, UMesh still counts as
+    // present); a new Lines3d sets the bit of its kind.
+    PlotDocument blank;
+    Tessel::Ref<Arbor::Element> fresh(blank.createElement(tok_Mesh3d));
+    EXPECT_EQ(static_cast<Mesh3d*>(fresh.get())->*Mesh3d::meshAttributeFlags(), 0u);
+    EXPECT_TRUE(fresh->hasAttribute(tok_UMesh));
+    Tessel::Ref<Arbor::Element> segments(blank.createElement(tok_Lines3d));
+    EXPECT_NE(static_cast<Lines3d*>(segments.get())->*Lines3d::lineAttributeFlags(), 0u);
+
     // A cell's corners run along its row, then back along the next one (nU = 5 here).
     Mesh3d* mesh = loaded<Mesh3d>(doc, "<Mesh3d UMesh='3' VMesh='3' USubmesh='1'/>");
     EXPECT_EQ(mesh->faceCorners(1, 2), (std::array<std::int64_t, 4>{7, 8, 13, 12}));
