@@ -2,7 +2,7 @@
 #pragma once
 
 #include <grafel/document/P3List.h>
-#include <grafel/primitives/PrimitiveClass.h>
+#include <grafel/primitives/Rows3d.h>
 
 #include <cstddef>
 #include <utility>
@@ -10,17 +10,10 @@
 // Colours start opaque black and the tokens but Type null.
 #define GRAFEL_LINES3D_TABLE(P)                                                                    \
     P(Mandatory, Lines3dTypeType, Type, getToken(id_Lines), getToken(id_Lines))                    \
-    P(Inherited, LineStyleType, LineStyle, ::Arbor::Token(), getToken(id_Solid))                   \
-    P(Inherited, PosOutputSizeType, LineWidth, 0.5, 0.5)                                           \
-    P(Inherited, ColorProperty, LineColor, RGBA(), RGBA::Black)                                    \
-    P(Inherited, ColorType, LineColorType, ::Arbor::Token(), getToken(id_Flat))                    \
-    P(Inherited, ColorProperty, LineColor2, RGBA(), (RGBA(0, 0, 255, 255)))                        \
-    P(Inherited, PointStyleType, PointStyle, ::Arbor::Token(), getToken(id_Squares))               \
-    P(Inherited, PosOutputSizeType, PointSize, 2.0, 2.0)                                           \
+    GRAFEL_3D_COLORED_LINE_ROWS(P)                                                                 \
+    GRAFEL_3D_POINT_MARK_ROWS(P)                                                                   \
     P(Inherited, BoolProperty, PointsVisible, false, false)                                        \
-    P(Inherited, DoubleProperty, LineColorDirectionX, 0.0, 0.0)                                    \
-    P(Inherited, DoubleProperty, LineColorDirectionY, 0.0, 0.0)                                    \
-    P(Inherited, DoubleProperty, LineColorDirectionZ, 1.0, 1.0)
+    GRAFEL_3D_DIRECTION_ROWS(P, LineColor)
 
 namespace Grafel {
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <grafel/document/P3List.h>
-#include <grafel/primitives/PrimitiveClass.h>
+#include <grafel/primitives/Rows3d.h>
 
 #include <array>
 #include <cstddef>
@@ -20,27 +20,15 @@
     P(Inherited, BoolProperty, YLinesVisible, true, true)                                          \
     P(Inherited, BoolProperty, ULinesVisible, true, true)                                          \
     P(Inherited, BoolProperty, VLinesVisible, true, true)                                          \
-    P(Inherited, LineStyleType, LineStyle, ::Arbor::Token(), getToken(id_Solid))                   \
-    P(Inherited, PosOutputSizeType, LineWidth, 0.5, 0.5)                                           \
-    P(Inherited, ColorProperty, LineColor, RGBA(), RGBA::Black)                                    \
-    P(Inherited, ColorType, LineColorType, ::Arbor::Token(), getToken(id_Flat))                    \
-    P(Inherited, ColorProperty, LineColor2, RGBA(), (RGBA(0, 0, 255, 255)))                        \
-    P(Inherited, PointStyleType, PointStyle, ::Arbor::Token(), getToken(id_Squares))               \
-    P(Inherited, PosOutputSizeType, PointSize, 2.0, 2.0)                                           \
+    GRAFEL_3D_COLORED_LINE_ROWS(P)                                                                 \
+    GRAFEL_3D_POINT_MARK_ROWS(P)                                                                   \
     P(Inherited, BoolProperty, Filled, true, true)                                                 \
-    P(Inherited, ShadingType, Shading, ::Arbor::Token(), getToken(id_Flat))                        \
-    P(Inherited, ColorProperty, FillColor, RGBA(), (RGBA(255, 0, 0, 255)))                         \
-    P(Inherited, ColorType, FillColorType, ::Arbor::Token(), getToken(id_Flat))                    \
-    P(Inherited, ColorProperty, FillColor2, RGBA(), (RGBA(255, 255, 0, 255)))                      \
+    GRAFEL_3D_COLORED_FACE_ROWS(P)                                                                 \
     P(Inherited, BoolProperty, PointsVisible, true, true)                                          \
     P(Optional, BoolProperty, HasLineColors, false, false)                                         \
     P(Optional, BoolProperty, UseXYLinesVisible, false, false)                                     \
-    P(Inherited, DoubleProperty, LineColorDirectionX, 0.0, 0.0)                                    \
-    P(Inherited, DoubleProperty, LineColorDirectionY, 0.0, 0.0)                                    \
-    P(Inherited, DoubleProperty, LineColorDirectionZ, 1.0, 1.0)                                    \
-    P(Inherited, DoubleProperty, FillColorDirectionX, 0.0, 0.0)                                    \
-    P(Inherited, DoubleProperty, FillColorDirectionY, 0.0, 0.0)                                    \
-    P(Inherited, DoubleProperty, FillColorDirectionZ, 1.0, 1.0)
+    GRAFEL_3D_DIRECTION_ROWS(P, LineColor)                                                         \
+    GRAFEL_3D_DIRECTION_ROWS(P, FillColor)
 
 namespace Grafel {
 

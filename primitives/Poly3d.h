@@ -8,26 +8,22 @@
 // unless told otherwise.
 #define GRAFEL_POLY3D_TABLE(P)                                                                     \
     P(Inherited, BoolProperty, LinesVisible, false, false)                                         \
-    GRAFEL_3D_LINE_ROWS(P)                                                                         \
-    P(Inherited, ColorType, LineColorType, ::Arbor::Token(), getToken(id_Flat))                    \
-    P(Inherited, ColorProperty, LineColor2, RGBA(), (RGBA(0, 0, 255, 255)))                        \
+    GRAFEL_3D_COLORED_LINE_ROWS(P)                                                                 \
     P(Inherited, BoolProperty, Closed, false, false)                                               \
     P(Inherited, BoolProperty, PointsVisible, false, false)                                        \
-    P(Inherited, PointStyleType, PointStyle, ::Arbor::Token(), getToken(id_Squares))               \
-    P(Inherited, PosOutputSizeType, PointSize, 2.0, 2.0)                                           \
+    GRAFEL_3D_POINT_MARK_ROWS(P)                                                                   \
     P(Inherited, BoolProperty, Filled, true, true)                                                 \
     P(Inherited, ShadingType, Shading, ::Arbor::Token(), getToken(id_Flat))                        \
     P(Inherited, ColorProperty, FillColor, RGBA(), (RGBA(255, 0, 0, 255)))                         \
     P(Optional, BoolProperty, HasLineColors, false, false)                                         \
-    P(Inherited, DoubleProperty, LineColorDirectionX, 0.0, 0.0)                                    \
-    P(Inherited, DoubleProperty, LineColorDirectionY, 0.0, 0.0)                                    \
-    P(Inherited, DoubleProperty, LineColorDirectionZ, 1.0, 1.0)
+    GRAFEL_3D_DIRECTION_ROWS(P, LineColor)
 
 #define GRAFEL_POLY3D_LAYOUT(F)                                                                    \
     F(LineColor)                                                                                   \
-    F(LineColor2) F(FillColor) F(LinesVisible) F(Closed) F(PointsVisible) F(Filled)                \
-        F(HasLineColors) F(LineStyle) F(LineWidth) F(LineColorType) F(PointStyle) F(PointSize)     \
-            F(Shading) F(LineColorDirectionX) F(LineColorDirectionY) F(LineColorDirectionZ)
+    F(LineColor2)                                                                                  \
+    F(FillColor) F(LinesVisible) F(Closed) F(PointsVisible) F(Filled) F(HasLineColors)             \
+        F(LineStyle) F(LineWidth) F(LineColorType) F(PointStyle) F(PointSize) F(Shading)           \
+            F(LineColorDirectionX) F(LineColorDirectionY) F(LineColorDirectionZ)
 
 namespace Grafel {
 
@@ -37,7 +33,7 @@ namespace Grafel {
 class Poly3d : public ElementClass<Poly3d, id_Poly3d, P3List, CloneBy::copy> {
     friend ElementClass;
     GRAFEL_PRIMITIVE_TABLE_ORDERED(Poly3d, GRAFEL_POLY3D_TABLE, GRAFEL_POLY3D_LAYOUT,
-                                    polyAttributeFlags)
+                                   polyAttributeFlags)
 
 protected:
     explicit Poly3d(Arbor::Document* document) : ElementClass(document) {}

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <grafel/document/P3List.h>
-#include <grafel/primitives/PrimitiveClass.h>
+#include <grafel/primitives/Rows3d.h>
 
 #include <array>
 #include <cstddef>
@@ -11,27 +11,15 @@
 // must get a Type before it is written. Colours start opaque black and the other tokens null.
 #define GRAFEL_SURF3D_TABLE(P)                                                                     \
     P(Mandatory, Surf3dTypeType, Type, getToken(id_Lines), getToken(id_Lines))                     \
-    P(Inherited, LineStyleType, LineStyle, ::Arbor::Token(), getToken(id_Solid))                   \
-    P(Inherited, PosOutputSizeType, LineWidth, 0.5, 0.5)                                           \
-    P(Inherited, ColorProperty, LineColor, RGBA(), RGBA::Black)                                    \
-    P(Inherited, ColorType, LineColorType, ::Arbor::Token(), getToken(id_Flat))                    \
-    P(Inherited, ColorProperty, LineColor2, RGBA(), (RGBA(0, 0, 255, 255)))                        \
-    P(Inherited, PointStyleType, PointStyle, ::Arbor::Token(), getToken(id_Squares))               \
-    P(Inherited, PosOutputSizeType, PointSize, 2.0, 2.0)                                           \
-    P(Inherited, ShadingType, Shading, ::Arbor::Token(), getToken(id_Flat))                        \
-    P(Inherited, ColorProperty, FillColor, RGBA(), (RGBA(255, 0, 0, 255)))                         \
-    P(Inherited, ColorType, FillColorType, ::Arbor::Token(), getToken(id_Flat))                    \
-    P(Inherited, ColorProperty, FillColor2, RGBA(), (RGBA(255, 255, 0, 255)))                      \
+    GRAFEL_3D_COLORED_LINE_ROWS(P)                                                                 \
+    GRAFEL_3D_POINT_MARK_ROWS(P)                                                                   \
+    GRAFEL_3D_COLORED_FACE_ROWS(P)                                                                 \
     P(Inherited, BoolProperty, MeshVisible, false, false)                                          \
     P(Inherited, BoolProperty, PointsVisible, false, false)                                        \
     P(Inherited, BoolProperty, Filled, true, true)                                                 \
     P(Optional, BoolProperty, HasLineColors, false, false)                                         \
-    P(Inherited, DoubleProperty, LineColorDirectionX, 0.0, 0.0)                                    \
-    P(Inherited, DoubleProperty, LineColorDirectionY, 0.0, 0.0)                                    \
-    P(Inherited, DoubleProperty, LineColorDirectionZ, 1.0, 1.0)                                    \
-    P(Inherited, DoubleProperty, FillColorDirectionX, 0.0, 0.0)                                    \
-    P(Inherited, DoubleProperty, FillColorDirectionY, 0.0, 0.0)                                    \
-    P(Inherited, DoubleProperty, FillColorDirectionZ, 1.0, 1.0)
+    GRAFEL_3D_DIRECTION_ROWS(P, LineColor)                                                         \
+    GRAFEL_3D_DIRECTION_ROWS(P, FillColor)
 
 namespace Grafel {
 
