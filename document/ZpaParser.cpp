@@ -82,6 +82,8 @@ private:
     /// How many of `count` points to make room for: no more than the current block can hold,
     /// so that a declared count is never allocated before its data are seen.
     std::size_t roomFor(long count, std::size_t bytesPerLine) const;
+    /// Reads `count` lines of one uncoloured space point each into `element`'s list.
+    void spacePoints(PlotElement& element, long count);
     void curve();
     void primitiveList();
     void primitive(PlotElement& image);
@@ -228,16 +230,21 @@ void ZpaParser::Loader::curve() {
             list.push_back(point);
         }
     } else {
-        P3List& list = p3List(*poly);
-        list.reserve(roomFor(points, 6));
-        P3 point;
-        for (long i = 0; i < points; ++i) {
-            parser_.readP3(false, point, color);
-            list.push_back(point);
-        }
+        spacePoints(*poly, points);
     }
     image->appendChild(poly.get());
     object->appendChild(image.get());
+}
+
+void ZpaParser::Loader::spacePoints(PlotElement& element, long count) {
+    P3List& list = p3List(element);
+    list.reserve(roomFor(count, 6));
+    P3 point;
+    RGBA color;
+    for (long i = 0; i < count; ++i) {
+        parser_.readP3(false, point, color);
+        list.push_back(point);
+    }
 }
 
 void ZpaParser::Loader::primitiveList() {
@@ -363,14 +370,7 @@ void ZpaParser::Loader::surface() {
     mesh->setAttribute(tok_VMesh, Arbor::LongVariant(v[0]));
     if (u[1] != 0) mesh->setAttribute(tok_USubmesh, Arbor::LongVariant(u[1]));
     if (v[1] != 0) mesh->setAttribute(tok_VSubmesh, Arbor::LongVariant(v[1]));
-    P3List& list = p3List(*mesh);
-    list.reserve(roomFor(points, 6));
-    P3 point;
-    RGBA color;
-    for (long i = 0; i < points; ++i) {
-        parser_.readP3(false, point, color);
-        list.push_back(point);
-    }
+    spacePoints(*mesh, points);
     object->appendChild(image.get());
     image->appendChild(mesh.get());
 }
