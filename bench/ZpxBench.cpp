@@ -9,6 +9,8 @@
 #include <grafel/properties/ElementRegistry.h>
 #include <grafel/structure/Canvas.h>
 
+#include "Measure.h"
+
 #include <benchmark/benchmark.h>
 #include <expat.h>
 #include <malloc.h>
@@ -134,30 +136,14 @@ bool load(PlotDocument& doc, const std::string& text, bool namespaces = true, bo
     return true;
 }
 
-void XMLCALL noStart(void*, const XML_Char*, const XML_Char**) {}
-void XMLCALL noEnd(void*, const XML_Char*) {}
-void XMLCALL noText(void*, const XML_Char*, int) {}
-
 // The same bytes in the same pieces through the C parser, with handlers that do nothing.
 bool expatPass(const std::string& text) {
-    XML_Parser parser = XML_ParserCreate(nullptr);
-    XML_SetElementHandler(parser, noStart, noEnd);
-    XML_SetCharacterDataHandler(parser, noText);
-    bool ok = true;
-    for (std::size_t at = 0; ok && at < text.size(); at += pieceSize) {
-        const std::size_t n = std::min(pieceSize, text.size() - at);
-        ok = XML_Parse(parser, text.data() + at, static_cast<int>(n), at + n == text.size()) ==
-             XML_STATUS_OK;
-    }
-    XML_ParserFree(parser);
-    return ok;
+    return BenchMeasure::expatPass(text, pieceSize);
 }
 
-// Processor time of this process: the machine may be shared, and the ratios should not
-// depend on what else runs.
-double cpuSeconds() {
-    return double(std::clock()) / CLOCKS_PER_SEC;
-}
+using BenchMeasure::cpuSeconds;
+using BenchMeasure::resetPeak;
+using BenchMeasure::statusBytes;
 
 std::size_t arrayBytes(Arbor::Node* list) {
     if (auto* l2 = dynamic_cast<P2List*>(list))
@@ -165,27 +151,6 @@ std::size_t arrayBytes(Arbor::Node* list) {
     auto* l3 = dynamic_cast<P3List*>(list);
     return l3->size() * sizeof(P3) * (l3->hasNormals() ? 2 : 1) +
            l3->size() * sizeof(RGBA) * l3->numColors();
-}
-
-// The memory of the process as the system counts it: large arrays are mappings of their own,
-// which no allocator sees. The peak can be reset, so that each load is measured by itself.
-std::size_t statusBytes(const char* key) {
-    std::FILE* f = std::fopen("/proc/self/status", "r");
-    if (!f) return 0;
-    char line[256];
-    std::size_t kb = 0;
-    const std::size_t n = std::strlen(key);
-    while (std::fgets(line, sizeof line, f))
-        if (std::strncmp(line, key, n) == 0) kb = std::strtoull(line + n, nullptr, 10);
-    std::fclose(f);
-    return kb * 1024;
-}
-
-bool resetPeak() {
-    std::FILE* f = std::fopen("/proc/self/clear_refs", "w");
-    if (!f) return false;
-    const bool ok = std::fputs("5", f) >= 0;
-    return std::fclose(f) == 0 && ok;
 }
 
 struct LoadResult {
