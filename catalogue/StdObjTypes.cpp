@@ -8,8 +8,8 @@
 #include <grafel/structure/ObjType.h>
 
 #include <array>
-#include <cstdint>
 #include <atomic>
+#include <cstdint>
 #include <mutex>
 #include <thread>
 
@@ -20,9 +20,14 @@ using Arbor::Token;
 namespace {
 
 template <class T> T* appended(T* parent, std::initializer_list<PlotElement*> children) {
+    bool ended = false;
     for (PlotElement* child : children) {
-        if (!child) break;
-        parent->appendChild(child);
+        if (!child)
+            ended = true;
+        else if (!ended)
+            parent->appendChild(child);
+        else
+            Tessel::Ref<PlotElement> unused(child); // made for the list, so freed with it
     }
     return parent;
 }

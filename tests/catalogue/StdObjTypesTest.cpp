@@ -164,7 +164,8 @@ TEST(StdObjTypes, EveryListAgreesWithTheElementTables) {
     EXPECT_TRUE(rowOf(curve2.get(), tok_UMesh)->getRecalc());
     EXPECT_FALSE(rowOf(plane.get(), tok_UMesh)->getRecalc());
     EXPECT_TRUE(rowOf(polygon3.get(), tok_Closed)->getRecalc());
-    EXPECT_FALSE(rowOf(buildObjTypeList(&doc, tok_Polygon2d), tok_Closed)->getRecalc());
+    EXPECT_FALSE(
+        rowOf(Ref<ObjType>(buildObjTypeList(&doc, tok_Polygon2d)).get(), tok_Closed)->getRecalc());
     EXPECT_TRUE(rowOf(curve2.get(), tok_Frames)->getRecalc());
     EXPECT_FALSE(rowOf(curve2.get(), tok_LineColor)->getRecalc());
     EXPECT_EQ(buildObjTypeList(&doc, tok_Obj2d), nullptr);
