@@ -53,6 +53,8 @@ class JVXWriter : public JavaViewWriter {
 public:
     /// A 4x4 matrix, row after row.
     using Matrix = std::array<double, 16>;
+    /// Whether a segment is an arrow, and then whether its tip shows.
+    enum class SegmentTip { none, hidden, shown };
 
     explicit JVXWriter(PlotDocument* doc);
     JVXWriter(const JVXWriter&) = default;
@@ -103,6 +105,10 @@ protected:
     void putIndexRun(const char* tag, std::int64_t first, std::int64_t last, bool close);
     void putCirclePoints(P3 center, P3 normal, double radius);
     void putEllipsoid(P3 center, double a, double b, double c, RGBA color, bool smooth);
+
+    /// A line or an arrow: two points and the line between them.
+    template <class Point>
+    void putSegment(Point from, Point to, RGBA c, double width, SegmentTip tip);
 
     // One operation per primitive.
     void putArc2d(Arc2d& e);
