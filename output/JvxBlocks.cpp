@@ -94,8 +94,7 @@ void JVXWriter::putPoints(const P2* points, std::size_t n, RGBA c, double size) 
     integer(std::int64_t(n));
     out() << "\">\n";
     for (std::size_t i = 0; i < n; ++i) putP(points[i]);
-    if (!std::isnan(size))
-        out() << "<thickness>" << std::max(1.0, size * 0.5 * thicknessFactor) << "</thickness>\n";
+    putPointThickness(size);
     color(c);
     out() << "</points>\n";
 }
@@ -105,10 +104,14 @@ void JVXWriter::putPoints(const P3* points, std::size_t n, RGBA c, double size) 
     integer(std::int64_t(n));
     out() << "\">\n";
     for (std::size_t i = 0; i < n; ++i) putP(points[i]);
-    if (!std::isnan(size))
-        out() << "<thickness>" << std::max(1.0, size * 0.5 * thicknessFactor) << "</thickness>\n";
+    putPointThickness(size);
     color(c);
     out() << "</points>\n";
+}
+
+void JVXWriter::putPointThickness(double size) {
+    if (std::isnan(size)) return;
+    out() << "<thickness>" << std::max(1.0, size * 0.5 * thicknessFactor) << "</thickness>\n";
 }
 
 void JVXWriter::putScaledThickness(double width) {
