@@ -183,6 +183,50 @@ TEST(JvxGeometry, SurfacesMeshesAndPolygonsByKind) {
     }
 }
 
+TEST(JvxGeometry, PlaneRastersFieldsLabelsAndPolygons) {
+    const std::string box = " XMin=\"0\" XMax=\"2\" YMin=\"0\" YMax=\"1\"";
+    struct Case {
+        std::string primitive;
+        std::vector<std::string> pieces;
+        std::string error;
+    } cases[] = {
+        {"<ColorArray2d XMesh=\"2\" YMesh=\"1\"" + box + ">#ff0000 #00ff00</ColorArray2d>",
+         {"<points>\n<p>0 0</p>\n<p>1 0</p>\n<p>2 0</p>\n<p>0 1</p>",
+          "<f>0 1 4 3</f>\n<f>1 2 5 4</f>", "<nb>1 -1 -1 -1 </nb>\n<nb>-1 -1 0 -1 </nb>",
+          "<colors num=\"2\">\n<c>255 0 0</c>\n<c>0 255 0</c>",
+          "<transparency visible=\"hide\">0</transparency>"},
+         ""},
+        // The second colour marks the bottom of the values' own range, the first its top.
+        {"<DensityArray2d XMesh=\"2\" YMesh=\"1\" FillColorType=\"Dichromatic\" "
+         "FillColor=\"#ff0000\" FillColor2=\"#0000ff\"" +
+             box + ">1 3</DensityArray2d>",
+         {"<c>0 0 255</c>\n<c>255 0 0</c>"},
+         ""},
+        {"<Field2d XMesh=\"2\" YMesh=\"1\" Delta=\"0.5 2\"><P2>1 0</P2><P2>0 1</P2></Field2d>",
+         {"<points num=\"2\">\n<p>0 0</p>\n<p>0.5 0</p>\n<color>0 0 0</color>",
+          "<vectors num=\"2\">\n<v>1 0</v>\n<v>0 1</v>", "<length>0.2</length>"},
+         ""},
+        {"<Field2d XMesh=\"2\" YMesh=\"2\"><P2>1 0</P2></Field2d>", {}, ""},
+        {"<Text2d Position=\"1 2\" HorizontalAlignment=\"Right\">a&lt;b</Text2d>",
+         {"<p name=\"a&lt;b\">1 2</p>", "horAlign=\"head\" verAlign=\"middle\" style=\"plain\""},
+         ""},
+        {"<Poly2d Closed=\"1\" LinesVisible=\"1\" LineColorType=\"Monochrome\" "
+         "LineColor=\"#ff0000\"><P2>0 0</P2><P2>1 1</P2><P2>2 0</P2></Poly2d>",
+         {"<lines num=\"3\">\n<l>0 1</l>\n<l>1 2</l>\n<l>2 0</l>", "<colors num=\"3\">"},
+         ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.primitive);
+        const Model m = model(object(c.primitive, true), true);
+        EXPECT_EQ(m.error, c.error);
+        if (c.pieces.empty() && c.error.empty()) {
+            EXPECT_EQ(m.geometries, "");
+        }
+        for (const std::string& piece : c.pieces)
+            EXPECT_NE(m.geometries.find(piece), std::string::npos) << piece << "\n" << m.geometries;
+    }
+}
+
 TEST(JvxGeometry, ColourFunctionsOverTheRange) {
     using detail::ColorWriter;
     const RGBA red(255, 0, 0, 255), blue(0, 0, 255, 255);
