@@ -22,12 +22,13 @@
 
 #include <cmath>
 #include <ostream>
-#include <vector>
 
 namespace Grafel {
 
 namespace {
 constexpr double eps = 2.220446049250313e-16;
+/// Steps of an arc beyond which it is not written: ten million, some hundred thousand turns.
+constexpr double maxArcSteps = 1e7;
 
 const char* pointHead(int dim) {
     return dim == 2 ? "<geometry>\n<pointSet dim=\"2\" point=\"hide\">\n"
@@ -88,24 +89,25 @@ void JVXWriter::putArc2d(Arc2d& e) {
     constexpr double step = 0.06283185307179587;
     const double start = e.getStartAngle(), end = e.getEndAngle();
     const bool whole = std::fabs(end - start - 6.283185307179586) <= eps;
-    const std::int64_t m = whole ? 99 : std::int64_t((end - start) / step) + 2;
+    const double steps = (end - start) / step;
+    // An arc of no finite length, or of more turns than any drawing needs, is not written.
+    if (!whole && !(steps < maxArcSteps)) return;
+    const std::int64_t m = whole ? 99 : std::int64_t(steps) + 2;
     const P2 c = e.getCenter();
-    std::vector<P2> points;
-    if (!whole) points.push_back(c);
-    // The angles are multiples of the step, not a running sum, so that a whole turn ends
-    // after exactly 100 points.
-    for (long i = 0;; ++i) {
-        const double t = start + double(i) * step;
-        if (!(t < end)) break;
-        points.push_back(P2(c.x + a * std::cos(t), c.y + b * std::sin(t)));
-    }
-    if (!whole) points.push_back(P2(c.x + a * std::cos(end), c.y + b * std::sin(end)));
 
     auto putArcPoints = [&] {
         out() << "<geometry>\n<pointSet dim=\"2\" point=\"hide\">\n<points num=\"";
         integer(m + 1);
         out() << "\">\n";
-        for (const P2& p : points) putP(p);
+        if (!whole) putP(c);
+        // The angles are multiples of the step, not a running sum, so that a whole turn ends
+        // after exactly 100 points.
+        for (std::int64_t i = 0;; ++i) {
+            const double t = start + double(i) * step;
+            if (!(t < end)) break;
+            putP(P2(c.x + a * std::cos(t), c.y + b * std::sin(t)));
+        }
+        if (!whole) putP(P2(c.x + a * std::cos(end), c.y + b * std::sin(end)));
         out() << "</points>\n</pointSet>\n";
     };
     if (e.getFilled()) {
