@@ -41,6 +41,12 @@ void JVXWriter::writeFrames(int framesPerUnit, const char* fileName) {
     double t, end;
     if (!animationRange(t, end)) throw JavaViewExportError("not an animation");
     const double last = end - DBL_EPSILON;
+    // The frame files close on the way out; the writer must not keep pointing at one.
+    struct KeepStream {
+        std::ostream*& stream;
+        std::ostream* const kept;
+        ~KeepStream() { stream = kept; }
+    } keep{stream, stream};
     bool finished = false, overwriteAll = false;
     for (int frame = 1;; ++frame) {
         std::string name;
