@@ -1,0 +1,249 @@
+#include "support/JvxChecker.h"
+
+#include <expat.h>
+
+#include <cstring>
+#include <memory>
+#include <sstream>
+
+namespace TestSupport {
+
+namespace {
+
+struct Node {
+    std::string name;
+    std::vector<std::pair<std::string, std::string>> attributes;
+    std::string text;
+    std::vector<std::unique_ptr<Node>> children;
+    long line = 0;
+
+    const char* attribute(const char* key) const {
+        for (const auto& [k, v] : attributes)
+            if (k == key) return v.c_str();
+        return nullptr;
+    }
+    const Node* child(const char* tag) const {
+        for (const auto& c : children)
+            if (c->name == tag) return c.get();
+        return nullptr;
+    }
+    std::vector<const Node*> all(const char* tag) const {
+        std::vector<const Node*> out;
+        for (const auto& c : children)
+            if (c->name == tag) out.push_back(c.get());
+        return out;
+    }
+};
+
+struct Tree {
+    std::unique_ptr<Node> root;
+    std::vector<Node*> open;
+    std::string doctype, systemId;
+    XML_Parser parser = nullptr;
+};
+
+void XMLCALL onStart(void* data, const XML_Char* name, const XML_Char** attributes) {
+    auto& tree = *static_cast<Tree*>(data);
+    auto node = std::make_unique<Node>();
+    node->name = name;
+    node->line = XML_GetCurrentLineNumber(tree.parser);
+    for (const XML_Char** a = attributes; *a; a += 2) node->attributes.emplace_back(a[0], a[1]);
+    Node* raw = node.get();
+    if (tree.open.empty())
+        tree.root = std::move(node);
+    else
+        tree.open.back()->children.push_back(std::move(node));
+    tree.open.push_back(raw);
+}
+
+void XMLCALL onEnd(void* data, const XML_Char*) {
+    static_cast<Tree*>(data)->open.pop_back();
+}
+
+void XMLCALL onText(void* data, const XML_Char* text, int length) {
+    auto& tree = *static_cast<Tree*>(data);
+    if (!tree.open.empty()) tree.open.back()->text.append(text, length);
+}
+
+void XMLCALL onDoctype(void* data, const XML_Char* name, const XML_Char* systemId, const XML_Char*,
+                       int) {
+    auto& tree = *static_cast<Tree*>(data);
+    tree.doctype = name;
+    tree.systemId = systemId ? systemId : "";
+}
+
+/// The whitespace-separated words of `text` as numbers; false if one is not a number.
+bool numbers(const std::string& text, std::vector<double>& out) {
+    std::istringstream in(text);
+    std::string word;
+    out.clear();
+    while (in >> word) {
+        std::istringstream one(word);
+        double value;
+        if (!(one >> value) || !one.eof()) return false;
+        out.push_back(value);
+    }
+    return true;
+}
+
+class Checker {
+public:
+    std::vector<std::string> problems;
+
+    void report(const Node& at, const std::string& what) {
+        problems.push_back("line " + std::to_string(at.line) + " <" + at.name + ">: " + what);
+    }
+
+    /// The items of a list element; checks its num against them.
+    std::vector<const Node*> list(const Node& listNode, const char* itemTag) {
+        std::vector<const Node*> items = listNode.all(itemTag);
+        if (const char* num = listNode.attribute("num")) {
+            if (std::to_string(items.size()) != num)
+                report(listNode, std::string("num=\"") + num + "\" but " +
+                                     std::to_string(items.size()) + " <" + itemTag + ">");
+        }
+        return items;
+    }
+
+    void colour(const Node& c) {
+        std::vector<double> v;
+        if (!numbers(c.text, v) || v.size() != 3) return report(c, "not three numbers");
+        for (double x : v)
+            if (x != static_cast<int>(x) || x < 0 || x > 255)
+                return report(c, "component out of 0..255: " + c.text);
+    }
+
+    /// The colours of a set shown with colour: one per item.
+    void colours(const Node& set, std::size_t items, const char* what) {
+        for (const Node* c : set.all("color")) colour(*c);
+        const Node* list = set.child("colors");
+        if (list)
+            for (const Node* c : this->list(*list, "c")) colour(*c);
+        const char* shown = set.attribute("color");
+        if (!shown || std::strcmp(shown, "show") != 0) return;
+        if (!list) return report(set, std::string("colours shown but no <colors> for ") + what);
+        if (list->all("c").size() != items)
+            report(*list, std::to_string(list->all("c").size()) + " colours for " +
+                              std::to_string(items) + " " + what);
+    }
+
+    /// Index lists: each word an integer in [low, bound).
+    void indices(const std::vector<const Node*>& items, long low, std::size_t bound,
+                 const char* of) {
+        std::vector<double> v;
+        for (const Node* item : items) {
+            if (!numbers(item->text, v) || v.empty()) {
+                report(*item, "not a list of indices");
+                continue;
+            }
+            for (double x : v)
+                if (x != static_cast<long>(x) || x < low || x >= static_cast<double>(bound)) {
+                    report(*item, "index " + std::to_string(x) + " outside the " +
+                                      std::to_string(bound) + " " + of);
+                    break;
+                }
+        }
+    }
+
+    void geometry(const Node& g) {
+        if (g.children.empty() || g.children.front()->name != "pointSet")
+            return report(g, "does not start with a <pointSet>");
+        const Node& pointSet = *g.children.front();
+        if (g.all("pointSet").size() != 1) report(g, "more than one <pointSet>");
+        const char* dimText = pointSet.attribute("dim");
+        const std::size_t dim = dimText ? std::strtoul(dimText, nullptr, 10) : 3;
+        std::size_t pointCount = 0;
+        if (const Node* points = pointSet.child("points")) {
+            std::vector<double> v;
+            for (const Node* p : list(*points, "p")) {
+                ++pointCount;
+                if (!numbers(p->text, v) || v.size() != dim)
+                    report(*p, "not " + std::to_string(dim) + " numbers");
+            }
+            for (const Node* c : points->all("color")) colour(*c);
+        } else {
+            report(pointSet, "no <points>");
+        }
+        colours(pointSet, pointCount, "points");
+        for (const Node* lineSet : g.all("lineSet")) {
+            const Node* lines = lineSet->child("lines");
+            if (!lines) {
+                report(*lineSet, "no <lines>");
+                continue;
+            }
+            auto items = list(*lines, "l");
+            indices(items, 0, pointCount, "points");
+            for (const Node* c : lines->all("color")) colour(*c);
+            colours(*lineSet, items.size(), "lines");
+        }
+        for (const Node* faceSet : g.all("faceSet")) {
+            const Node* faces = faceSet->child("faces");
+            if (!faces) {
+                report(*faceSet, "no <faces>");
+                continue;
+            }
+            auto items = list(*faces, "f");
+            indices(items, 0, pointCount, "points");
+            for (const Node* c : faces->all("color")) colour(*c);
+            if (const Node* nb = faceSet->child("neighbours"))
+                indices(list(*nb, "nb"), -1, items.size(), "faces");
+            colours(*faceSet, items.size(), "faces");
+        }
+        for (const Node* field : g.all("vectorField")) {
+            const Node* vectors = field->child("vectors");
+            if (!vectors) {
+                report(*field, "no <vectors>");
+                continue;
+            }
+            auto items = list(*vectors, "v");
+            if (items.size() != pointCount)
+                report(*vectors, std::to_string(items.size()) + " vectors for " +
+                                     std::to_string(pointCount) + " points");
+            colours(*field, items.size(), "vectors");
+        }
+    }
+};
+
+} // namespace
+
+std::vector<std::string> jvxProblems(std::string_view text) {
+    Tree tree;
+    std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(XML_ParserCreate("UTF-8"),
+                                                                   XML_ParserFree);
+    tree.parser = parser.get();
+    XML_SetUserData(parser.get(), &tree);
+    XML_SetElementHandler(parser.get(), onStart, onEnd);
+    XML_SetCharacterDataHandler(parser.get(), onText);
+    XML_SetStartDoctypeDeclHandler(parser.get(), onDoctype);
+    if (XML_Parse(parser.get(), text.data(), static_cast<int>(text.size()), 1) != XML_STATUS_OK)
+        return {"line " + std::to_string(XML_GetCurrentLineNumber(parser.get())) +
+                ": not well-formed: " + XML_ErrorString(XML_GetErrorCode(parser.get()))};
+
+    Checker check;
+    const std::string dtd = "/rsrc/jvx.dtd";
+    if (tree.doctype != "jvx-model" || tree.systemId.size() < dtd.size() ||
+        tree.systemId.compare(tree.systemId.size() - dtd.size(), dtd.size(), dtd) != 0)
+        check.problems.push_back("DOCTYPE is '" + tree.doctype + "' '" + tree.systemId + "'");
+    if (!tree.root || tree.root->name != "jvx-model") {
+        check.problems.push_back("root is not <jvx-model>");
+        return check.problems;
+    }
+    const auto geometries = tree.root->all("geometries");
+    if (geometries.size() != 1) check.report(*tree.root, "not exactly one <geometries>");
+    for (const Node* group : geometries)
+        for (const auto& g : group->children) {
+            if (g->name == "geometry")
+                check.geometry(*g);
+            else
+                check.report(*g, "inside <geometries>");
+        }
+    return check.problems;
+}
+
+std::string joinedJvxProblems(std::string_view text) {
+    std::string joined;
+    for (const std::string& p : jvxProblems(text)) joined += p + '\n';
+    return joined;
+}
+
+} // namespace TestSupport
