@@ -261,7 +261,7 @@ TEST(JvdWriter, CameraWithoutImageFails) {
 
 TEST(JvdChecker, FindsBrokenDisplays) {
     const std::string good = display(plot3d("", "", cube));
-    const std::string head = "<jv-disp>\n";
+    const std::string head = "<!DOCTYPE jv-disp SYSTEM \"http://h/rsrc/jv-disp.dtd\">\n<jv-disp>\n";
     const std::pair<std::string, std::string> breaks[] = {
         {"<color>0 0 0</color>", "<color>0 0</color>"},
         {"sorting=\"show\"", "sorting=\"yes\""},
@@ -276,6 +276,7 @@ TEST(JvdChecker, FindsBrokenDisplays) {
         EXPECT_NE(TestSupport::checkJvd(bad), "") << to;
     }
     EXPECT_NE(TestSupport::checkJvd("<jvx-model/>"), "");
+    EXPECT_NE(TestSupport::checkJvd("<jv-disp>\n" + good), "");
 }
 
 } // namespace

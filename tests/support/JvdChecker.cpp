@@ -275,6 +275,14 @@ std::string checkJvd(const std::string& text) {
         return std::string("not XML: ") + parser.errorText() + "\n";
     if (!builder.root || builder.root->name != "jv-disp") return "root is not jv-disp\n";
     Checker checker;
+    // The reader does not hand the document type over; it stands alone on its line.
+    const std::string doctype = "<!DOCTYPE jv-disp SYSTEM \"";
+    const std::size_t at = text.find(doctype);
+    const std::size_t end = text.find('\n', at);
+    if (at == std::string::npos || end == std::string::npos ||
+        text.compare(at, doctype.size(), doctype) != 0 ||
+        text.substr(0, end).ends_with("/rsrc/jv-disp.dtd\">") == false)
+        checker.problems << "no DOCTYPE of jv-disp\n";
     std::size_t displays = 0;
     for (const auto& child : builder.root->children) {
         if (child->name != "displays") continue;

@@ -1,6 +1,6 @@
-// A structure check of display files: the text must be well-formed XML under the root jv-disp,
-// and every element of the display must stand where the format puts it, with attributes and
-// text of the forms the format admits.
+// A structure check of display files: well-formed XML with the DOCTYPE and root jv-disp, and
+// every element of the display where the format puts it, with attributes and text of the
+// forms the format admits.
 #pragma once
 
 #include <string>
