@@ -53,6 +53,8 @@ class JVXWriter : public JavaViewWriter {
 public:
     /// A 4x4 matrix, row after row.
     using Matrix = std::array<double, 16>;
+    /// Whether a segment is an arrow, and then whether its tip shows.
+    enum class SegmentTip { none, hidden, shown };
 
     explicit JVXWriter(PlotDocument* doc);
     JVXWriter(const JVXWriter&) = default;
@@ -88,6 +90,10 @@ protected:
     void putPoints(const P2* points, std::size_t n, RGBA color, double size);
     void putPoints(const P3* points, std::size_t n, RGBA color, double size);
     void putScaledThickness(double width);
+    /// The thickness of points of `size`, half of it scaled, nothing for NaN.
+    void putPointThickness(double size);
+    /// "<tag>a b c</tag>" of `count` indices.
+    void putIndices(const char* tag, const std::int64_t* indices, int count);
     void putVectors(const P2* vectors, std::size_t n, RGBA color, double length, double width);
     void putVectors(const P3* vectors, std::size_t n, RGBA color, double length, double width);
     void putStyle(RGBA color, double width);
@@ -103,6 +109,18 @@ protected:
     void putIndexRun(const char* tag, std::int64_t first, std::int64_t last, bool close);
     void putCirclePoints(P3 center, P3 normal, double radius);
     void putEllipsoid(P3 center, double a, double b, double c, RGBA color, bool smooth);
+
+    /// A line or an arrow: two points and the line between them.
+    template <class Point>
+    void putSegment(Point from, Point to, RGBA c, double width, SegmentTip tip);
+
+    /// A colour or density array: its corner grid and one coloured face per cell.
+    template <class Array, class CellColor>
+    void putRaster(Array& e, CellColor cellColor, unsigned long alpha);
+    /// A vector field: its grid nodes, one vector per node and their colours.
+    template <class Point, class Field, class Nodes, class Colors>
+    void putField(Field& e, const Nodes& nodes, Colors& colors, double length, bool arrow,
+                  bool colored);
 
     // One operation per primitive.
     void putArc2d(Arc2d& e);

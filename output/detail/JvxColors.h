@@ -1,0 +1,90 @@
+// Colours of the JVX writer computed from numbers: the colour functions over a value range, and
+// the per-point colours of a point list.
+#pragma once
+
+#include <grafel/arbor/Token.h>
+#include <grafel/foundation/Points.h>
+#include <grafel/foundation/Rgba.h>
+
+#include <cstddef>
+#include <cstdint>
+
+namespace Grafel::detail {
+
+/// Hue in degrees, saturation 0 to 1, value 0 to 255.
+struct Hsv {
+    double h = 0, s = 0, v = 0;
+};
+
+Hsv rgbToHsv(RGBA c);
+
+/// The colour of a number between `min` and `max` under a ColorType: a flat range gives the
+/// first colour; Monochrome scales it, Dichromatic runs from the second colour at `min` to the
+/// first at `max`, anything else runs the long way round the colour circle between them.
+class ColorWriter {
+public:
+    ColorWriter(Arbor::Token type, RGBA color1, RGBA color2, double min, double max);
+    RGBA colorOf(double v) const;
+    bool flat() const { return flat_; }
+
+private:
+    enum class Kind { monochrome, dichromatic, rainbow };
+    Kind kind_;
+    RGBA color1_, color2_;
+    Hsv hsv1_, hsv2_;
+    double min_, max_;
+    bool flat_;
+};
+
+/// Per-point colours: the point list's own colours where it has them, else the colour of the
+/// point's height (y in 2D, z in 3D). Indices past the end of the data give the last item's
+/// colour, so that a walk that overshoots keeps its count.
+class ColorListWriter : public ColorWriter {
+public:
+    ColorListWriter(Arbor::Token type, RGBA color1, RGBA color2, double min, double max,
+                    const RGBA* colorList, std::size_t count)
+        : ColorWriter(type, color1, color2, min, max), colorList_(colorList), count_(count) {}
+    virtual ~ColorListWriter() = default;
+
+    std::size_t count() const { return count_; }
+    RGBA at(std::int64_t i) const;
+    RGBA at(std::int64_t i, std::int64_t j) const;
+    /// The mean of 2, 3 or 4 corners.
+    RGBA at(const std::int64_t* corners, int n) const;
+
+protected:
+    virtual double valueAt(std::size_t i) const = 0;
+
+private:
+    std::size_t clamp(std::int64_t i) const;
+    const RGBA* colorList_;
+    std::size_t count_;
+};
+
+class ColorWriter2D final : public ColorListWriter {
+public:
+    ColorWriter2D(Arbor::Token type, RGBA color1, RGBA color2, double min, double max,
+                  const RGBA* colorList, const P2* points, std::size_t count)
+        : ColorListWriter(type, color1, color2, min, max, colorList, count), points_(points) {}
+
+protected:
+    double valueAt(std::size_t i) const override { return points_[i].y; }
+
+private:
+    const P2* points_;
+};
+
+class ColorWriter3D final : public ColorListWriter {
+public:
+    ColorWriter3D(Arbor::Token type, RGBA color1, RGBA color2, double min, double max,
+                  const RGBA* colorList, const P3* points, std::size_t count)
+        : ColorListWriter(type, color1, color2, min, max, colorList, count), points_(points) {}
+
+protected:
+    double valueAt(std::size_t i) const override { return points_[i].z; }
+
+private:
+    const P3* points_;
+};
+
+} // namespace Grafel::detail
