@@ -18,7 +18,7 @@ struct P3;
 /// extent; a bound that is not known is NaN, and the writer leaves out what depends on it.
 class JVDWriter : public JavaViewWriter {
 public:
-    explicit JVDWriter(PlotDocument* document) : JavaViewWriter(document) {}
+    explicit JVDWriter(PlotDocument* plotDocument) : JavaViewWriter(plotDocument) {}
 
     void write(std::ostream* out, double at) override;
 
