@@ -1,6 +1,7 @@
 // grafel convert: loads a document and writes it again, as ZPX or as command text.
 #include "Arguments.h"
 #include "Commands.h"
+#include "JvxExport.h"
 #include "Load.h"
 
 #include <grafel/document/PlotDocument.h>
@@ -8,6 +9,7 @@
 
 #include <cerrno>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -24,6 +26,7 @@ constexpr std::string_view command = "convert";
 
 constexpr std::string_view help =
     R"(Usage: grafel convert [--to FORMAT] [-o FILE] [--precision N] [--drop-ids] INPUT
+       grafel convert --to jvx [--time T | --frames N -o NAME [--no-clobber]] INPUT
 
 Loads the plot document INPUT ("-" for standard input) and writes it out again.
 Numbers are written exactly: with six significant digits where these read back to the
@@ -34,32 +37,40 @@ Options:
                        zpx     the XML form (the default)
                        cmd     command text that builds the plot
                        replot  command text that replots an existing plot
+                       jvx     a JavaView model of the first scene
   -o, --output FILE  write to FILE instead of standard output
   --precision N      write numbers with N significant digits (1 to 99), rounding
                      where they have more; 6 gives the library's own default text
   --drop-ids         leave out the id of every element while loading
+  --time T           jvx: the time to export (an animation is clamped into its time
+                     range and starts at its begin without one; a still plot has none)
+  --frames N         jvx: write the whole animation, N frames a time unit, to numbered
+                     files named after -o NAME: a.jvx gives a.1.jvx, a.2.jvx, ...
+  --no-clobber       with --frames: stop at an existing frame file instead of replacing it
+  --dtd-host URL     jvx: the host of the DTD named in the file's DOCTYPE
   -h, --help         show this help
 
-The JavaView forms jvx and jvd are not available yet.
+Export errors are reported as "INPUT: JavaView export error: TEXT", warnings as
+"INPUT: warning: TEXT"; numbers in jvx have six significant digits.
+The JavaView form jvd is not available yet.
 Exit status: 0 written, 1 not loaded or not written, 2 wrong command line.
 )";
 
 constexpr OptionSpec optionSpecs[] = {
-    {"to", 0, true},
-    {"output", 'o', true},
-    {"precision", 0, true},
-    {"drop-ids", 0, false},
+    {"to", 0, true},   {"output", 'o', true}, {"precision", 0, true},   {"drop-ids", 0, false},
+    {"time", 0, true}, {"frames", 0, true},   {"no-clobber", 0, false}, {"dtd-host", 0, true},
 };
 
 /// The most digits --precision takes; 17 already tell every double apart.
 constexpr int maxPrecision = 99;
 
-enum class Format { Zpx, Cmd, Replot };
+enum class Format { Zpx, Cmd, Replot, Jvx };
 
 std::optional<Format> formatNamed(std::string_view name) {
     if (name == "zpx") return Format::Zpx;
     if (name == "cmd") return Format::Cmd;
     if (name == "replot") return Format::Replot;
+    if (name == "jvx") return Format::Jvx;
     return std::nullopt;
 }
 
@@ -73,6 +84,49 @@ std::optional<int> precisionNamed(std::string_view text) {
     return value;
 }
 
+/// A finite number, all of `text`.
+std::optional<double> timeNamed(std::string_view text) {
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
+        return std::nullopt;
+    return value;
+}
+
+/// Reads the options of the jvx form into `options`; the exit status of a wrong command line.
+std::optional<int> jvxOptions(const ParsedArguments& parsed, bool jvx, JvxExportOptions& options) {
+    for (const char* name : {"time", "frames", "no-clobber", "dtd-host"})
+        if (!jvx && parsed.has(name))
+            return usageError(command, std::string("option '--") + name + "' needs --to jvx");
+    if (!jvx) return std::nullopt;
+    if (parsed.has("precision"))
+        return usageError(command, "option '--precision' does not apply to jvx");
+    options.output = parsed.value("output", "-");
+    options.dtdHost = parsed.value("dtd-host", "");
+    options.noClobber = parsed.has("no-clobber");
+    if (parsed.has("time")) {
+        const std::string text = parsed.value("time", "");
+        options.time = timeNamed(text);
+        if (!options.time) return usageError(command, "invalid time '" + text + "'");
+    }
+    if (parsed.has("frames")) {
+        const std::string text = parsed.value("frames", "");
+        int value = 0;
+        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+        if (error != std::errc() || end != text.data() + text.size() || value < 0)
+            return usageError(command,
+                              "invalid frame count '" + text + "' (a whole number, 0 or more)");
+        options.frames = value;
+        if (options.time)
+            return usageError(command, "options '--time' and '--frames' exclude each other");
+        if (!parsed.has("output") || options.output == "-")
+            return usageError(command, "option '--frames' needs -o NAME");
+    } else if (options.noClobber) {
+        return usageError(command, "option '--no-clobber' needs --frames");
+    }
+    return std::nullopt;
+}
+
 void render(Grafel::PlotDocument& document, Format format, std::ostream& out) {
     switch (format) {
     case Format::Zpx:
@@ -83,6 +137,8 @@ void render(Grafel::PlotDocument& document, Format format, std::ostream& out) {
         break;
     case Format::Replot:
         document.putCmd(out, true);
+        break;
+    case Format::Jvx:
         break;
     }
 }
@@ -118,10 +174,12 @@ int runConvert(Words args) {
     const std::string formatName = parsed.value("to", "zpx");
     const std::optional<Format> format = formatNamed(formatName);
     if (!format) {
-        if (formatName == "jvx" || formatName == "jvd")
+        if (formatName == "jvd")
             return usageError(command, "format '" + formatName + "' is not available yet");
-        return usageError(command, "unknown format '" + formatName + "' (zpx, cmd, replot)");
+        return usageError(command, "unknown format '" + formatName + "' (zpx, cmd, replot, jvx)");
     }
+    JvxExportOptions jvx;
+    if (auto end = jvxOptions(parsed, *format == Format::Jvx, jvx)) return *end;
     std::optional<int> precision;
     if (parsed.has("precision")) {
         const std::string text = parsed.value("precision", "");
@@ -138,6 +196,7 @@ int runConvert(Words args) {
     Grafel::PlotDocument document;
     if (!loadDocument(document, input, LoadOptions{parsed.has("drop-ids")}, reports))
         return ExitFailed;
+    if (*format == Format::Jvx) return exportJvx(document, jvx, reports);
 
     // The whole text is made before the output is opened, so that nothing is left half
     // written, and a failed load leaves an existing output file alone.

@@ -117,11 +117,26 @@ group_usage() {
     done
     run "$work" convert --to pdf "$examples/style-library.zpx"
     expect_usage_error "unknown format" "grafel convert" "unknown format 'pdf'"
-    for format in jvx jvd; do
-        run "$work" convert --to "$format" -o "$format.out" "$examples/style-library.zpx"
-        expect_usage_error "format $format" "grafel convert" "format '$format' is not available yet"
-        [ ! -e "$work/$format.out" ] || fail "format $format: a usage error wrote its output"
+    run "$work" convert --to jvd -o jvd.out "$examples/style-library.zpx"
+    expect_usage_error "format jvd" "grafel convert" "format 'jvd' is not available yet"
+    [ ! -e "$work/jvd.out" ] || fail "format jvd: a usage error wrote its output"
+    local jvx_usage=(
+        "--frames 2|option '--frames' needs -o NAME"
+        "--frames 2 -o -|option '--frames' needs -o NAME"
+        "--frames -1 -o a.jvx|invalid frame count '-1'"
+        "--time 1 --frames 2 -o a.jvx|options '--time' and '--frames' exclude each other"
+        "--time x|invalid time 'x'"
+        "--no-clobber|option '--no-clobber' needs --frames"
+        "--precision 3|option '--precision' does not apply to jvx"
+    )
+    local usage
+    for usage in "${jvx_usage[@]}"; do
+        # shellcheck disable=SC2086
+        run "$work" convert --to jvx ${usage%%|*} "$examples/animated3d.zpx"
+        expect_usage_error "jvx ${usage%%|*}" "grafel convert" "${usage#*|}"
     done
+    run "$work" convert --time 1 "$examples/animated3d.zpx"
+    expect_usage_error "--time without jvx" "grafel convert" "option '--time' needs --to jvx"
 
     run "$work" check
     expect_usage_error "check without input" "grafel check" "missing INPUT"
@@ -232,6 +247,62 @@ group_convert() {
     [ "$(cat "$work/kept.zpx")" = keep ] || fail "failed load overwrote the output"
     run "$data" convert unknown-element.zpx
     expect_out_empty "failed load to stdout"
+
+    group_convert_jvx
+}
+
+# The date line of a model is the only one that changes from run to run.
+undated() { grep -v '^<meta date=' "$1"; }
+
+group_convert_jvx() {
+    local animated=$examples/animated3d.zpx frame
+
+    # A still plot given a time: exported without one, after a warning.
+    run "$examples" convert --to jvx --time 5 scene3d.zpx
+    expect_rc "jvx of a still plot at a time" 0
+    expect_err "jvx of a still plot at a time" "scene3d.zpx: warning: not an animation"
+    grep -q '^<jvx-model>$' "$work/out" || fail "jvx: no jvx-model root"
+    undated "$work/out" >"$work/still.jvx"
+    run "$examples" convert --to jvx -o "$work/still-o.jvx" scene3d.zpx
+    expect_err_empty "jvx -o"
+    undated "$work/still-o.jvx" >"$work/still-o-undated.jvx"
+    expect_same "jvx -o writes what stdout gets" "$work/still.jvx" "$work/still-o-undated.jvx"
+
+    # Two seconds at four frames a second: nine files, the first at the begin, the last at
+    # the end, each the model of its time.
+    mkdir -p "$work/frames"
+    run "$work" convert --to jvx --frames 4 -o frames/ball.jvx "$animated"
+    expect_rc "jvx --frames" 0
+    expect_err_empty "jvx --frames"
+    expect_out_empty "jvx --frames"
+    [ "$(cd "$work/frames" && echo *)" = \
+        "ball.1.jvx ball.2.jvx ball.3.jvx ball.4.jvx ball.5.jvx ball.6.jvx ball.7.jvx ball.8.jvx ball.9.jvx" ] ||
+        fail "jvx --frames: files $(cd "$work/frames" && echo *)"
+    for frame in "1 0" "4 0.75" "9 2"; do
+        run "$work" convert --to jvx --time "${frame#* }" "$animated"
+        undated "$work/out" >"$work/at.jvx"
+        undated "$work/frames/ball.${frame% *}.jvx" >"$work/frame.jvx"
+        expect_same "frame ${frame% *} is the model at ${frame#* }" "$work/at.jvx" "$work/frame.jvx"
+    done
+
+    # Frame files are replaced without a question, unless --no-clobber is given.
+    run "$work" convert --to jvx --frames 4 -o frames/ball.jvx "$animated"
+    expect_rc "jvx --frames over existing files" 0
+    echo keep >"$work/frames/ball.1.jvx"
+    run "$work" convert --to jvx --frames 4 --no-clobber -o frames/ball.jvx "$animated"
+    expect_rc "jvx --no-clobber" 1
+    expect_err "jvx --no-clobber" \
+        "$animated: error: frames/ball.1.jvx exists; not replaced (--no-clobber)"
+    [ "$(cat "$work/frames/ball.1.jvx")" = keep ] || fail "--no-clobber replaced a frame"
+
+    # An export error: its text on stderr, status 1.
+    run "$data" convert --to jvx no-scene.zpx
+    expect_rc "jvx without a scene" 1
+    expect_err "jvx without a scene" "no-scene.zpx: JavaView export error: no scene"
+    run "$data" convert --to jvx --frames 1 -o "$work/none/x.jvx" no-scene.zpx
+    expect_rc "jvx frames into a missing directory" 1
+    expect_err "jvx frames into a missing directory" \
+        "no-scene.zpx: JavaView export error: Can not open output file."
 }
 
 group_check() {
@@ -480,6 +551,14 @@ group_examples() {
             expect_rc "convert --to $format $name" 0
             expect_err_empty "convert --to $format $name"
         done
+        run "$examples" convert --to jvx "$name"
+        if grep -q '<Scene[23]d' "$file"; then
+            expect_rc "convert --to jvx $name" 0
+            expect_err_empty "convert --to jvx $name"
+        else
+            expect_rc "convert --to jvx $name" 1
+            expect_err "convert --to jvx $name" "$name: JavaView export error: no scene"
+        fi
 
         run "$examples" info "$name"
         expect_rc "info $name" 0
