@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <sstream>
 
 namespace {
@@ -257,6 +259,22 @@ TEST(JvdWriter, CameraWithoutImageFails) {
     } catch (const JavaViewExportError& e) {
         EXPECT_STREQ(e.what(), "no Img3d");
     }
+}
+
+TEST(JvdWriter, EveryExampleWithASceneExportsAWellFormedDisplay) {
+    const auto examples = std::filesystem::path(GRAFEL_SOURCE_DIR) / "examples";
+    int exported = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(examples)) {
+        if (entry.path().extension() != ".zpx") continue;
+        std::ifstream in(entry.path());
+        std::stringstream text;
+        text << in.rdbuf();
+        if (text.str().find("<Scene") == std::string::npos) continue;
+        SCOPED_TRACE(entry.path().filename().string());
+        display(text.str());
+        ++exported;
+    }
+    EXPECT_GE(exported, 8);
 }
 
 TEST(JvdChecker, FindsBrokenDisplays) {
