@@ -105,6 +105,8 @@ protected:
     void putColorAt(detail::ColorListWriter& writer, std::int64_t i, std::int64_t j);
     void putColorAt(detail::ColorListWriter& writer, const std::int64_t* corners, int count);
     void putColors(detail::ColorListWriter& writer);
+    /// "<c>r g b</c>" of one colour.
+    void putC(RGBA c);
     /// "<f>first first+1 ... last</f>" or "<l>...</l>" with `close` adding the first again.
     void putIndexRun(const char* tag, std::int64_t first, std::int64_t last, bool close);
     void putCirclePoints(P3 center, P3 normal, double radius);

@@ -7,6 +7,7 @@
 #include <grafel/foundation/Tokens.h>
 #include <grafel/foundation/WideText.h>
 #include <grafel/output/detail/JvxColors.h>
+#include <grafel/output/detail/JvxLine.h>
 #include <grafel/structure/TransformFrames.h>
 
 #include <algorithm>
@@ -81,12 +82,24 @@ void JVXWriter::showAttr(const char* name, bool show) {
 
 void JVXWriter::putP(P2 p) {
     p = transformed(p);
-    out() << "<p>" << p.x << ' ' << p.y << "</p>\n";
+    if (out().format().direct()) {
+        detail::JvxLine line(out().format());
+        line << "<p>" << p.x << ' ' << p.y << "</p>\n";
+        out() << line.view();
+    } else {
+        out() << "<p>" << p.x << ' ' << p.y << "</p>\n";
+    }
 }
 
 void JVXWriter::putP(P3 p) {
     p = transformed(p);
-    out() << "<p>" << p.x << ' ' << p.y << ' ' << p.z << "</p>\n";
+    if (out().format().direct()) {
+        detail::JvxLine line(out().format());
+        line << "<p>" << p.x << ' ' << p.y << ' ' << p.z << "</p>\n";
+        out() << line.view();
+    } else {
+        out() << "<p>" << p.x << ' ' << p.y << ' ' << p.z << "</p>\n";
+    }
 }
 
 void JVXWriter::putPoints(const P2* points, std::size_t n, RGBA c, double size) {
@@ -199,29 +212,24 @@ void JVXWriter::putLabelAtt(const FontStyle& font, Arbor::Token horizontal, Arbo
     out() << "</size>\n</labelAtt>\n";
 }
 
-namespace {
-void putC(JVXWriter& w, TextRun& run, RGBA c, void (JVXWriter::*integer)(std::int64_t)) {
-    run << "<c>";
-    (w.*integer)(std::int64_t(c.red()));
-    run << ' ';
-    (w.*integer)(std::int64_t(c.green()));
-    run << ' ';
-    (w.*integer)(std::int64_t(c.blue()));
-    run << "</c>\n";
+void JVXWriter::putC(RGBA c) {
+    detail::JvxLine line(out().format());
+    line << "<c>" << std::int64_t(c.red()) << ' ' << std::int64_t(c.green()) << ' '
+         << std::int64_t(c.blue()) << "</c>\n";
+    out() << line.view();
 }
-} // namespace
 
 void JVXWriter::putColorAt(detail::ColorListWriter& writer, std::int64_t i) {
-    putC(*this, out(), writer.at(i), &JVXWriter::integer);
+    putC(writer.at(i));
 }
 
 void JVXWriter::putColorAt(detail::ColorListWriter& writer, std::int64_t i, std::int64_t j) {
-    putC(*this, out(), writer.at(i, j), &JVXWriter::integer);
+    putC(writer.at(i, j));
 }
 
 void JVXWriter::putColorAt(detail::ColorListWriter& writer, const std::int64_t* corners,
                            int count) {
-    putC(*this, out(), writer.at(corners, count), &JVXWriter::integer);
+    putC(writer.at(corners, count));
 }
 
 void JVXWriter::putColors(detail::ColorListWriter& writer) {
@@ -230,6 +238,18 @@ void JVXWriter::putColors(detail::ColorListWriter& writer) {
     out() << "\">\n";
     for (std::size_t i = 0; i < writer.count(); ++i) putColorAt(writer, std::int64_t(i));
     out() << "</colors>\n";
+}
+
+void JVXWriter::putIndices(const char* tag, const std::int64_t* indices, int count) {
+    // Integers need no number format: the line is plain text whatever the stream's state.
+    detail::JvxLine line(out().format());
+    line << '<' << std::string_view(tag) << '>';
+    for (int k = 0; k < count; ++k) {
+        if (k) line << ' ';
+        line << indices[k];
+    }
+    line << "</" << std::string_view(tag) << ">\n";
+    out() << line.view();
 }
 
 void JVXWriter::putIndexRun(const char* tag, std::int64_t first, std::int64_t last, bool close) {

@@ -25,15 +25,6 @@ const RGBA* functionalList(Arbor::Token type, const RGBA* list) {
 }
 } // namespace
 
-void JVXWriter::putIndices(const char* tag, const std::int64_t* indices, int count) {
-    out() << '<' << tag << '>';
-    for (int k = 0; k < count; ++k) {
-        if (k) out() << ' ';
-        integer(indices[k]);
-    }
-    out() << "</" << tag << ">\n";
-}
-
 void JVXWriter::putPoly3d(Poly3d& e) {
     const std::size_t n = e.size();
     if (n == 0) return;

@@ -92,8 +92,13 @@ void JVXWriter::putArc2d(Arc2d& e) {
     const P2 c = e.getCenter();
     std::vector<P2> points;
     if (!whole) points.push_back(c);
-    for (double t = start; t < end; t += step)
+    // The angles are multiples of the step, not a running sum, so that a whole turn ends
+    // after exactly 100 points.
+    for (long i = 0;; ++i) {
+        const double t = start + double(i) * step;
+        if (!(t < end)) break;
         points.push_back(P2(c.x + a * std::cos(t), c.y + b * std::sin(t)));
+    }
     if (!whole) points.push_back(P2(c.x + a * std::cos(end), c.y + b * std::sin(end)));
 
     auto putArcPoints = [&] {

@@ -157,7 +157,9 @@ public:
             std::vector<double> v;
             for (const Node* p : list(*points, "p")) {
                 ++pointCount;
-                if (!numbers(p->text, v) || v.size() != dim)
+                // Labels of a space stand in a plane set with their three coordinates; a
+                // viewer reads the first `dim`.
+                if (!numbers(p->text, v) || v.size() < dim || v.size() > 3)
                     report(*p, "not " + std::to_string(dim) + " numbers");
             }
             for (const Node* c : points->all("color")) colour(*c);

@@ -11,8 +11,8 @@ namespace TestSupport {
 /// The problems found in `text`, each a line naming the place; empty for a good file. Checked:
 /// well-formed XML with the DOCTYPE of jvx-model and that root; geometries/geometry, each
 /// starting with a pointSet before any lineSet, faceSet or vectorField; every list with a num
-/// holds that many items; points have the dimension of their set; line and face indices lie in
-/// the point set, neighbours in the face list; a set shown with colours has one colour per
+/// holds that many items; points have at least the dimension of their set; line and face indices
+/// lie in the point set, neighbours in the face list; a set shown with colours has one colour per
 /// point, line or face; every colour is three integers from 0 to 255.
 std::vector<std::string> jvxProblems(std::string_view text);
 
