@@ -1,6 +1,7 @@
 // grafel convert: loads a document and writes it again, as ZPX or as command text.
 #include "Arguments.h"
 #include "Commands.h"
+#include "JvdExport.h"
 #include "JvxExport.h"
 #include "Load.h"
 
@@ -27,6 +28,8 @@ constexpr std::string_view command = "convert";
 constexpr std::string_view help =
     R"(Usage: grafel convert [--to FORMAT] [-o FILE] [--precision N] [--drop-ids] INPUT
        grafel convert --to jvx [--time T | --frames N -o NAME [--no-clobber]] INPUT
+       grafel convert --to jvx [--time T] -o NAME.jvx --with-display INPUT
+       grafel convert --to jvd [--time T] [-o FILE] INPUT
 
 Loads the plot document INPUT ("-" for standard input) and writes it out again.
 Numbers are written exactly: with six significant digits where these read back to the
@@ -38,39 +41,43 @@ Options:
                        cmd     command text that builds the plot
                        replot  command text that replots an existing plot
                        jvx     a JavaView model of the first scene
+                       jvd     the JavaView display of that scene: axes, box,
+                               camera, lights, background
   -o, --output FILE  write to FILE instead of standard output
   --precision N      write numbers with N significant digits (1 to 99), rounding
                      where they have more; 6 gives the library's own default text
   --drop-ids         leave out the id of every element while loading
-  --time T           jvx: the time to export (an animation is clamped into its time
+  --time T           jvx, jvd: the time to export (an animation is clamped into its time
                      range and starts at its begin without one; a still plot has none)
   --frames N         jvx: write the whole animation, N frames a time unit, to numbered
                      files named after -o NAME: a.jvx gives a.1.jvx, a.2.jvx, ...
   --no-clobber       with --frames: stop at an existing frame file instead of replacing it
-  --dtd-host URL     jvx: the host of the DTD named in the file's DOCTYPE
+  --with-display     jvx: also write the display NAME.jvd beside -o NAME.jvx
+  --dtd-host URL     jvx, jvd: the host of the DTD named in the file's DOCTYPE
   -h, --help         show this help
 
 Export errors are reported as "INPUT: JavaView export error: TEXT", warnings as
-"INPUT: warning: TEXT"; numbers in jvx have six significant digits.
-The JavaView form jvd is not available yet.
+"INPUT: warning: TEXT"; numbers in jvx and jvd have six significant digits.
 Exit status: 0 written, 1 not loaded or not written, 2 wrong command line.
 )";
 
 constexpr OptionSpec optionSpecs[] = {
-    {"to", 0, true},   {"output", 'o', true}, {"precision", 0, true},   {"drop-ids", 0, false},
-    {"time", 0, true}, {"frames", 0, true},   {"no-clobber", 0, false}, {"dtd-host", 0, true},
+    {"to", 0, true},          {"output", 'o', true}, {"precision", 0, true},
+    {"drop-ids", 0, false},   {"time", 0, true},     {"frames", 0, true},
+    {"no-clobber", 0, false}, {"dtd-host", 0, true}, {"with-display", 0, false},
 };
 
 /// The most digits --precision takes; 17 already tell every double apart.
 constexpr int maxPrecision = 99;
 
-enum class Format { Zpx, Cmd, Replot, Jvx };
+enum class Format { Zpx, Cmd, Replot, Jvx, Jvd };
 
 std::optional<Format> formatNamed(std::string_view name) {
     if (name == "zpx") return Format::Zpx;
     if (name == "cmd") return Format::Cmd;
     if (name == "replot") return Format::Replot;
     if (name == "jvx") return Format::Jvx;
+    if (name == "jvd") return Format::Jvd;
     return std::nullopt;
 }
 
@@ -127,6 +134,27 @@ std::optional<int> jvxOptions(const ParsedArguments& parsed, bool jvx, JvxExport
     return std::nullopt;
 }
 
+/// The options of jvx that a display does not take; the exit status of a wrong command line.
+std::optional<int> jvdOptions(const ParsedArguments& parsed, Format format) {
+    if (format != Format::Jvd) return std::nullopt;
+    for (const char* name : {"frames", "no-clobber", "with-display"})
+        if (parsed.has(name))
+            return usageError(command, std::string("option '--") + name + "' needs --to jvx");
+    return std::nullopt;
+}
+
+/// Checks --with-display against the jvx options read into `options`.
+std::optional<int> withDisplayOptions(const ParsedArguments& parsed, Format format,
+                                      const JvxExportOptions& options) {
+    if (!parsed.has("with-display")) return std::nullopt;
+    if (format != Format::Jvx) return usageError(command, "option '--with-display' needs --to jvx");
+    if (options.frames)
+        return usageError(command, "options '--with-display' and '--frames' exclude each other");
+    if (displayFileFor(options.output).empty())
+        return usageError(command, "option '--with-display' needs -o NAME.jvx");
+    return std::nullopt;
+}
+
 void render(Grafel::PlotDocument& document, Format format, std::ostream& out) {
     switch (format) {
     case Format::Zpx:
@@ -139,6 +167,7 @@ void render(Grafel::PlotDocument& document, Format format, std::ostream& out) {
         document.putCmd(out, true);
         break;
     case Format::Jvx:
+    case Format::Jvd:
         break;
     }
 }
@@ -173,13 +202,14 @@ int runConvert(Words args) {
 
     const std::string formatName = parsed.value("to", "zpx");
     const std::optional<Format> format = formatNamed(formatName);
-    if (!format) {
-        if (formatName == "jvd")
-            return usageError(command, "format '" + formatName + "' is not available yet");
-        return usageError(command, "unknown format '" + formatName + "' (zpx, cmd, replot, jvx)");
-    }
+    if (!format)
+        return usageError(command,
+                          "unknown format '" + formatName + "' (zpx, cmd, replot, jvx, jvd)");
+    if (auto end = jvdOptions(parsed, *format)) return *end;
     JvxExportOptions jvx;
-    if (auto end = jvxOptions(parsed, *format == Format::Jvx, jvx)) return *end;
+    if (auto end = jvxOptions(parsed, *format == Format::Jvx || *format == Format::Jvd, jvx))
+        return *end;
+    if (auto end = withDisplayOptions(parsed, *format, jvx)) return *end;
     std::optional<int> precision;
     if (parsed.has("precision")) {
         const std::string text = parsed.value("precision", "");
@@ -196,7 +226,14 @@ int runConvert(Words args) {
     Grafel::PlotDocument document;
     if (!loadDocument(document, input, LoadOptions{parsed.has("drop-ids")}, reports))
         return ExitFailed;
-    if (*format == Format::Jvx) return exportJvx(document, jvx, reports);
+    if (*format == Format::Jvd) return exportJvd(document, jvx, reports);
+    if (*format == Format::Jvx) {
+        const int status = exportJvx(document, jvx, reports);
+        if (status != ExitOk || !parsed.has("with-display")) return status;
+        JvxExportOptions display = jvx;
+        display.output = displayFileFor(jvx.output);
+        return exportJvd(document, display, reports, true);
+    }
 
     // The whole text is made before the output is opened, so that nothing is left half
     // written, and a failed load leaves an existing output file alone.

@@ -117,9 +117,21 @@ group_usage() {
     done
     run "$work" convert --to pdf "$examples/style-library.zpx"
     expect_usage_error "unknown format" "grafel convert" "unknown format 'pdf'"
-    run "$work" convert --to jvd -o jvd.out "$examples/style-library.zpx"
-    expect_usage_error "format jvd" "grafel convert" "format 'jvd' is not available yet"
-    [ ! -e "$work/jvd.out" ] || fail "format jvd: a usage error wrote its output"
+    local jvd_usage=(
+        "--to jvd --frames 2 -o a.jvd|option '--frames' needs --to jvx"
+        "--to jvd --with-display -o a.jvx|option '--with-display' needs --to jvx"
+        "--with-display -o a.jvx|option '--with-display' needs --to jvx"
+        "--to jvx --with-display|option '--with-display' needs -o NAME.jvx"
+        "--to jvx --with-display -o a.out|option '--with-display' needs -o NAME.jvx"
+        "--to jvx --with-display --frames 2 -o a.jvx|options '--with-display' and '--frames' exclude each other"
+    )
+    local usage
+    for usage in "${jvd_usage[@]}"; do
+        # shellcheck disable=SC2086
+        run "$work" convert ${usage%%|*} "$examples/animated3d.zpx"
+        expect_usage_error "${usage%%|*}" "grafel convert" "${usage#*|}"
+    done
+    [ ! -e "$work/a.jvx" ] && [ ! -e "$work/a.jvd" ] || fail "a usage error wrote a file"
     local jvx_usage=(
         "--frames 2|option '--frames' needs -o NAME"
         "--frames 2 -o -|option '--frames' needs -o NAME"
@@ -129,7 +141,6 @@ group_usage() {
         "--no-clobber|option '--no-clobber' needs --frames"
         "--precision 3|option '--precision' does not apply to jvx"
     )
-    local usage
     for usage in "${jvx_usage[@]}"; do
         # shellcheck disable=SC2086
         run "$work" convert --to jvx ${usage%%|*} "$examples/animated3d.zpx"
@@ -249,6 +260,7 @@ group_convert() {
     expect_out_empty "failed load to stdout"
 
     group_convert_jvx
+    group_convert_jvd
 }
 
 # The date line of a model is the only one that changes from run to run.
@@ -303,6 +315,30 @@ group_convert_jvx() {
     expect_rc "jvx frames into a missing directory" 1
     expect_err "jvx frames into a missing directory" \
         "no-scene.zpx: JavaView export error: Can not open output file."
+}
+
+group_convert_jvd() {
+    # A display alone, and one written with its model: the same text, one warning.
+    run "$examples" convert --to jvd --time 5 -o "$work/still.jvd" scene3d.zpx
+    expect_rc "jvd -o" 0
+    expect_err "jvd of a still plot at a time" "scene3d.zpx: warning: not an animation"
+    grep -q '^<jv-disp>$' "$work/still.jvd" || fail "jvd: no jv-disp root"
+    grep -q '^<light type="point">$' "$work/still.jvd" || fail "jvd: no point light"
+    run "$examples" convert --to jvx --time 5 -o "$work/pair.jvx" --with-display scene3d.zpx
+    expect_rc "jvx --with-display" 0
+    expect_err "jvx --with-display warns once" "scene3d.zpx: warning: not an animation"
+    grep -q '^<jvx-model>$' "$work/pair.jvx" || fail "--with-display: no model"
+    undated "$work/still.jvd" >"$work/still-undated.jvd"
+    undated "$work/pair.jvd" >"$work/pair-undated.jvd"
+    expect_same "--with-display writes what --to jvd writes" "$work/still-undated.jvd" \
+        "$work/pair-undated.jvd"
+
+    run "$data" convert --to jvd no-scene.zpx
+    expect_rc "jvd without a scene" 1
+    expect_err "jvd without a scene" "no-scene.zpx: JavaView export error: no scene"
+    run "$data" convert --to jvx -o "$work/none.jvx" --with-display no-scene.zpx
+    expect_rc "jvx --with-display without a scene" 1
+    [ ! -e "$work/none.jvd" ] || fail "--with-display wrote a display after a failed model"
 }
 
 group_check() {
@@ -558,6 +594,15 @@ group_examples() {
         else
             expect_rc "convert --to jvx $name" 1
             expect_err "convert --to jvx $name" "$name: JavaView export error: no scene"
+        fi
+        run "$examples" convert --to jvd "$name"
+        if grep -q '<Scene[23]d' "$file"; then
+            expect_rc "convert --to jvd $name" 0
+            expect_err_empty "convert --to jvd $name"
+            grep -q '^</jv-disp>$' "$work/out" || fail "convert --to jvd $name: not closed"
+        else
+            expect_rc "convert --to jvd $name" 1
+            expect_err "convert --to jvd $name" "$name: JavaView export error: no scene"
         fi
 
         run "$examples" info "$name"
