@@ -4,6 +4,7 @@
 #include "Arguments.h"
 #include "Commands.h"
 #include "Load.h"
+#include "Output.h"
 
 #include <grafel/arbor/Variant.h>
 #include <grafel/document/P2List.h>
@@ -265,19 +266,14 @@ int runInfo(Words args) {
     ReportScope reports(displayName(input), std::cerr);
     Grafel::PlotDocument document;
     if (!loadDocument(document, input, {}, reports)) return ExitFailed;
+    std::ostringstream text;
     try {
-        std::ostringstream text;
         print(text, reports.input(), document);
-        std::cout << text.str() << std::flush;
     } catch (const std::exception& e) {
         reports.emit(std::string("error: cannot summarise the document: ") + e.what());
         return ExitFailed;
     }
-    if (!std::cout) {
-        std::cerr << "<stdout>: error: write failed\n";
-        return ExitFailed;
-    }
-    return ExitOk;
+    return writeOutput(text.str(), "-") ? ExitOk : ExitFailed;
 }
 
 } // namespace GrafelTool

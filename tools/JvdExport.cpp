@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "Load.h"
+#include "Output.h"
 
 #include <grafel/document/PlotDocument.h>
 #include <grafel/output/JVDWriter.h>
@@ -31,22 +32,6 @@ private:
     bool quiet_;
 };
 
-bool writeText(const std::string& text, const std::string& path) {
-    const bool toStdout = path == "-";
-    std::FILE* file = toStdout ? stdout : std::fopen(path.c_str(), "wb");
-    if (!file) {
-        std::cerr << path << ": error: cannot write: " << std::strerror(errno) << '\n';
-        return false;
-    }
-    bool good = std::fwrite(text.data(), 1, text.size(), file) == text.size();
-    good = std::fflush(file) == 0 && good;
-    if (!toStdout) good = std::fclose(file) == 0 && good;
-    if (!good)
-        std::cerr << (toStdout ? "<stdout>" : path)
-                  << ": error: write failed: " << std::strerror(errno ? errno : EIO) << '\n';
-    return good;
-}
-
 } // namespace
 
 int exportJvd(Grafel::PlotDocument& document, const JvxExportOptions& options, ReportScope& reports,
@@ -58,7 +43,7 @@ int exportJvd(Grafel::PlotDocument& document, const JvxExportOptions& options, R
         // file alone.
         std::ostringstream text;
         writer.write(&text, options.time ? *options.time : Grafel::JavaViewWriter::noTime);
-        return writeText(text.str(), options.output) ? ExitOk : ExitFailed;
+        return writeOutput(text.str(), options.output) ? ExitOk : ExitFailed;
     } catch (const Grafel::JavaViewExportError& e) {
         reports.emit(std::string("JavaView export error: ") + e.what());
     } catch (const std::exception& e) {

@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "Load.h"
+#include "Output.h"
 
 #include <grafel/document/PlotDocument.h>
 #include <grafel/output/JVXWriter.h>
@@ -42,22 +43,6 @@ private:
     std::string refused_;
 };
 
-bool writeText(const std::string& text, const std::string& path) {
-    const bool toStdout = path == "-";
-    std::FILE* file = toStdout ? stdout : std::fopen(path.c_str(), "wb");
-    if (!file) {
-        std::cerr << path << ": error: cannot write: " << std::strerror(errno) << '\n';
-        return false;
-    }
-    bool good = std::fwrite(text.data(), 1, text.size(), file) == text.size();
-    good = std::fflush(file) == 0 && good;
-    if (!toStdout) good = std::fclose(file) == 0 && good;
-    if (!good)
-        std::cerr << (toStdout ? "<stdout>" : path)
-                  << ": error: write failed: " << std::strerror(errno ? errno : EIO) << '\n';
-    return good;
-}
-
 } // namespace
 
 int exportJvx(Grafel::PlotDocument& document, const JvxExportOptions& options,
@@ -84,7 +69,7 @@ int exportJvx(Grafel::PlotDocument& document, const JvxExportOptions& options,
         // an existing file alone.
         std::ostringstream text;
         writer.write(&text, options.time ? *options.time : Grafel::JavaViewWriter::noTime);
-        return writeText(text.str(), options.output) ? ExitOk : ExitFailed;
+        return writeOutput(text.str(), options.output) ? ExitOk : ExitFailed;
     } catch (const Grafel::JavaViewExportError& e) {
         reports.emit(std::string("JavaView export error: ") + e.what());
     } catch (const std::exception& e) {

@@ -4,6 +4,7 @@
 #include "Arguments.h"
 #include "Commands.h"
 #include "Load.h"
+#include "Output.h"
 
 #include <grafel/arbor/Text.h>
 #include <grafel/catalogue/PropCat.h>
@@ -237,12 +238,7 @@ int runProps(Words args) {
         }
         printTree(text, entry, 0, element);
     }
-    std::cout << text.str() << std::flush;
-    if (!std::cout) {
-        std::cerr << "<stdout>: error: write failed\n";
-        return ExitFailed;
-    }
-    return ExitOk;
+    return writeOutput(text.str(), "-") ? ExitOk : ExitFailed;
 }
 
 } // namespace GrafelTool

@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "Commands.h"
 #include "Load.h"
+#include "Output.h"
 
 #include <grafel/document/PlotDocument.h>
 #include <grafel/foundation/NaN.h>
@@ -107,12 +108,7 @@ int runTimes(Words args) {
         reports.emit(std::string("error: cannot step the animation: ") + e.what());
         return ExitFailed;
     }
-    std::cout << text.str() << std::flush;
-    if (!std::cout) {
-        std::cerr << "<stdout>: error: write failed\n";
-        return ExitFailed;
-    }
-    return ExitOk;
+    return writeOutput(text.str(), "-") ? ExitOk : ExitFailed;
 }
 
 } // namespace GrafelTool
