@@ -162,6 +162,18 @@ TEST(JvxGeometry, SurfacesMeshesAndPolygonsByKind) {
          {},
          "no Tr3d"},
         {"<Box Filled=\"0\"/>", {" face=\"hide\" edge=\"show\">", "<f>0 3 7 4</f>\n<color>"}, ""},
+        // A refined grid shows its nodes alone: columns by 2, rows by 1.
+        {"<Mesh3d UMesh=\"2\" VMesh=\"2\" USubmesh=\"1\">" + points3(6) + "</Mesh3d>",
+         {"<pointSet dim=\"3\" pointOutline=\"hide\" color=\"hide\">\n<points num=\"4\">\n<p>0 0 "
+          "0</p>\n<p>2 0 "
+          "0</p>\n<p>3 1 0</p>\n<p>5 1 0</p>\n",
+          "<faces num=\"2\">"},
+         ""},
+        // A cone along x: both circles stand across the axis, the top one at x = 2.
+        {"<Cone Base=\"0 0 0\" Top=\"2 0 0\"/>",
+         {"<points num=\"76\">\n<p>2 ", "<faces num=\"38\">"},
+         ""},
+        {"<Group3d Visible=\"0\">" + object("<Line3d/>") + "</Group3d>", {}, ""},
         {"<Lines3d Type=\"Lines\" LineColorType=\"Dichromatic\">" + points3(3) + "</Lines3d>",
          {"<lines num=\"1\">\n<l>0 1</l>\n<l>2 3</l>", "<colors num=\"1\">\n<c>"},
          "",
@@ -169,7 +181,8 @@ TEST(JvxGeometry, SurfacesMeshesAndPolygonsByKind) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.primitive);
-        const bool raw = c.primitive.rfind("<Transform", 0) == 0;
+        const bool raw =
+            c.primitive.rfind("<Transform", 0) == 0 || c.primitive.rfind("<Group", 0) == 0;
         const Model m = model(raw ? c.primitive : object(c.primitive), false, c.check);
         EXPECT_EQ(m.error, c.error);
         if (c.pieces.empty() && c.error.empty()) {
