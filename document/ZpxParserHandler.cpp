@@ -20,6 +20,7 @@
 #include <cstdarg>
 #include <cstdint>
 #include <cstdio>
+#include <iterator>
 #include <cstring>
 #include <utility>
 
@@ -485,16 +486,13 @@ void ZpxParserHandler::splitWords(const char* text, std::size_t length) {
     const bool direct = arrayKind_ == ArrayKind::Density && plainNumbers_;
     while (p != end) {
         if (direct && wordBuffer_.empty()) {
-            // A number that ends inside this piece is read where it stands, without a copy;
-            // one at the end of the piece may go on in the next.
-            p = skipXmlSpace(p, end);
-            double value;
-            const char* q = p;
-            if (q != end && scanPlainNumber(q, end, value) && q != end && isXmlSpace(*q)) {
-                densityArray_->push_back(value);
-                p = q + 1;
-                continue;
-            }
+            // Numbers that end inside this piece are read where they stand, without a copy,
+            // and handed over a block at a time; one at the end of the piece may go on in the
+            // next, and an unusual one takes the general way below.
+            double block[256];
+            const std::size_t n = scanPlainWords(p, end, block, std::size(block));
+            densityArray_->append(block, n);
+            if (n == std::size(block)) continue;
         }
         const char* start = p;
         while (p != end && !isXmlSpace(*p)) ++p;

@@ -39,6 +39,8 @@ protected:
 class DensityArrayInput {
 public:
     virtual void push_back(double value) = 0;
+    /// Appends `count` cells at once, as push_back one after the other would.
+    virtual void append(const double* values, std::size_t count) = 0;
     virtual std::size_t size() const = 0;
     virtual void shrinkToFit() = 0;
 
