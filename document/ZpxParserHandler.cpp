@@ -20,8 +20,8 @@
 #include <cstdarg>
 #include <cstdint>
 #include <cstdio>
-#include <iterator>
 #include <cstring>
+#include <iterator>
 #include <utility>
 
 namespace Grafel {

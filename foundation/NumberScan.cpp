@@ -253,8 +253,7 @@ inline std::uint64_t digitsValue(std::uint64_t word, int n) {
 // processor may read several words at once. The caller guarantees 24 readable bytes at `p`.
 inline bool knownWord(const char* p, int length, double& value) {
     static constexpr double powers[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7};
-    static constexpr std::uint64_t scales[] = {1,      10,      100,      1000,
-                                               10000, 100000, 1000000, 10000000};
+    static constexpr std::uint64_t scales[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000};
     const bool negative = *p == '-';
     const char* q = p + negative;
     const std::uint64_t whole = eightBytes(q);
@@ -272,8 +271,7 @@ inline bool knownWord(const char* p, int length, double& value) {
     }
     if (n + k == 0) return false;
     const double v = static_cast<double>(static_cast<std::int64_t>(mantissa)) / powers[k];
-    value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(v) |
-                                  std::uint64_t(negative) << 63);
+    value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(v) | std::uint64_t(negative) << 63);
     return true;
 }
 
@@ -281,10 +279,10 @@ inline bool knownWord(const char* p, int length, double& value) {
 inline unsigned spaceMask(const char* p) {
 #if defined(__SSE2__)
     const __m128i c = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
-    const __m128i space = _mm_or_si128(_mm_or_si128(_mm_cmpeq_epi8(c, _mm_set1_epi8(' ')),
-                                                    _mm_cmpeq_epi8(c, _mm_set1_epi8('\n'))),
-                                       _mm_or_si128(_mm_cmpeq_epi8(c, _mm_set1_epi8('\t')),
-                                                    _mm_cmpeq_epi8(c, _mm_set1_epi8('\r'))));
+    const __m128i space = _mm_or_si128(
+        _mm_or_si128(_mm_cmpeq_epi8(c, _mm_set1_epi8(' ')), _mm_cmpeq_epi8(c, _mm_set1_epi8('\n'))),
+        _mm_or_si128(_mm_cmpeq_epi8(c, _mm_set1_epi8('\t')),
+                     _mm_cmpeq_epi8(c, _mm_set1_epi8('\r'))));
     return static_cast<unsigned>(_mm_movemask_epi8(space));
 #else
     unsigned mask = 0;

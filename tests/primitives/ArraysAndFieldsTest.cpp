@@ -1,6 +1,7 @@
 // The rasters and vector fields: their state when new, their cells, and how the reader fills
 // them from the words of their text, refuses bad data and writes them back.
 #include "document/ZpxTestHelpers.h"
+#include "support/ScanReference.h"
 
 #include <grafel/arbor/DomException.h>
 #include <grafel/primitives/ColorArray2d.h>
@@ -10,7 +11,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <functional>
+#include <random>
 #include <stdexcept>
 
 using namespace Grafel;
@@ -126,6 +129,31 @@ TEST(ArraysAndFields, WordsLoadAndWriteBack) {
         << written;
     ASSERT_TRUE(load(doc, written));
     EXPECT_EQ(xml(doc), written);
+}
+
+// A raster of tricky words, the text handed over in pieces of many sizes so that words are
+// split anywhere: every cell holds exactly what " %lf" makes of its word.
+TEST(ArraysAndFields, DensityCellsAreWhatSscanfReads) {
+    std::mt19937_64 random(4711);
+    std::vector<double> want;
+    std::string words;
+    while (want.size() < 3000) {
+        const std::string word = TestSupport::trickyNumberWord(random);
+        const TestSupport::ScannedFields read = TestSupport::sscanfFields(word, 1, 0);
+        if (read.count != 1) continue;
+        want.push_back(read.values[0]);
+        words += word + (random() % 8 ? " " : "\n\t");
+    }
+    const std::string text =
+        page("<DensityArray2d XMesh=\"3000\" YMesh=\"1\">" + words + "</DensityArray2d>");
+    PlotDocument doc;
+    for (std::size_t piece : {0, 1, 5, 64, 333, 4096}) {
+        SCOPED_TRACE(piece);
+        ASSERT_TRUE(load(doc, text, false, piece)) << (messages().empty() ? "" : messages()[0]);
+        const auto* d = find<DensityArray2d>(&doc);
+        ASSERT_EQ(d->size(), want.size());
+        EXPECT_EQ(std::memcmp(d->values(), want.data(), want.size() * sizeof(double)), 0);
+    }
 }
 
 TEST(ArraysAndFields, BadDataFailsWithItsReport) {
