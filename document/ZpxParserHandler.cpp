@@ -493,6 +493,8 @@ void ZpxParserHandler::splitWords(const char* text, std::size_t length) {
             const std::size_t n = scanPlainWords(p, end, block, std::size(block));
             densityArray_->append(block, n);
             if (n == std::size(block)) continue;
+        } else if (arrayKind_ == ArrayKind::Color && wordBuffer_.empty()) {
+            p = splitColors(p, end);
         }
         const char* start = p;
         while (p != end && !isXmlSpace(*p)) ++p;
@@ -501,6 +503,32 @@ void ZpxParserHandler::splitWords(const char* text, std::size_t length) {
         storeWord(); // a white-space character ends the word, if there is one
         ++p;
     }
+}
+
+const char* ZpxParserHandler::splitColors(const char* p, const char* end) {
+    // A colour is read where it stands when white space behind it lies in this piece: the
+    // parse stops at that white space as it would at the end of a copied word. Colours are
+    // handed over a block at a time; a bad word, or one that may go on in the next piece, is
+    // left to the general way.
+    RGBA block[256];
+    std::size_t n = 0;
+    for (;;) {
+        p = skipXmlSpace(p, end);
+        const char* q = p;
+        while (q != end && !isXmlSpace(*q)) ++q;
+        RGBA color;
+        // Only a word that begins with '#': the parse skips leading white space of its own,
+        // which in place could run on into the next word.
+        if (q == end || *p != '#' || !color.parse(p)) break;
+        block[n++] = color;
+        p = q + 1;
+        if (n == std::size(block)) {
+            colorArray_->append(block, n);
+            n = 0;
+        }
+    }
+    colorArray_->append(block, n);
+    return p;
 }
 
 void ZpxParserHandler::storeWord() {

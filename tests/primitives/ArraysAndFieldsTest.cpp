@@ -156,6 +156,43 @@ TEST(ArraysAndFields, DensityCellsAreWhatSscanfReads) {
     }
 }
 
+// Random colour words, some of them bad or overlong, in pieces of many sizes: the load keeps what
+// RGBA::parse makes of each word by itself, and fails at the first bad one with its report.
+TEST(ArraysAndFields, ColorCellsAreWhatParseReads) {
+    std::mt19937_64 random(99);
+    const std::string alphabet = "#0123456789abcdefABCDEFgx-";
+    for (int round = 0; round < 200; ++round) {
+        std::vector<RGBA> want;
+        std::string words;
+        std::string bad;
+        for (int i = 0, n = 1 + int(random() % 40); i < n; ++i) {
+            std::string word = "#";
+            for (int k = 0, len = int(random() % 3 ? 6 : random() % 11); k < len; ++k)
+                word += alphabet[random() % (random() % 4 ? 16 : alphabet.size())];
+            RGBA color;
+            if (!color.parse(word.c_str()) && bad.empty()) bad = word;
+            if (bad.empty()) want.push_back(color);
+            words += word + (random() % 4 ? " " : random() % 2 ? " \r\n" : "\t");
+        }
+        const std::string text =
+            page("<ColorArray2d XMesh=\"1\" YMesh=\"1\">" + words + "</ColorArray2d>");
+        for (std::size_t piece : {0, 1, 3, 8, 17}) {
+            SCOPED_TRACE(words + " / " + std::to_string(piece));
+            PlotDocument doc;
+            const bool loaded = load(doc, text, false, piece);
+            if (!bad.empty()) {
+                ASSERT_FALSE(loaded);
+                ASSERT_EQ(messages(),
+                          std::vector<std::string>{"ColorArray2d data corrupted: '" + bad + "'\n"});
+                continue;
+            }
+            ASSERT_TRUE(loaded) << (messages().empty() ? "" : messages()[0]);
+            const auto* c = find<ColorArray2d>(&doc);
+            EXPECT_EQ(cells(c->colors(), c->size()), want);
+        }
+    }
+}
+
 TEST(ArraysAndFields, BadDataFailsWithItsReport) {
     struct Case {
         std::string content;
