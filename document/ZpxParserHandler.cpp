@@ -505,6 +505,37 @@ void ZpxParserHandler::splitWords(const char* text, std::size_t length) {
     }
 }
 
+namespace {
+
+// The value of each hexadecimal digit, -1 for other bytes.
+constexpr std::array<signed char, 256> hexDigits = [] {
+    std::array<signed char, 256> values{};
+    for (int c = 0; c < 256; ++c)
+        values[c] = c >= '0' && c <= '9'   ? static_cast<signed char>(c - '0')
+                    : c >= 'a' && c <= 'f' ? static_cast<signed char>(c - 'a' + 10)
+                    : c >= 'A' && c <= 'F' ? static_cast<signed char>(c - 'A' + 10)
+                                           : -1;
+    return values;
+}();
+
+// The form that writers use, "#rrggbb" and white space, as RGBA::parse reads it; false for
+// anything else. `p` has 8 readable bytes.
+bool opaqueColor(const char* p, RGBA& color) {
+    if (p[0] != '#' || !isXmlSpace(p[7])) return false;
+    unsigned long word = 0;
+    int bad = 0;
+    for (int i = 1; i <= 6; ++i) {
+        const int digit = hexDigits[static_cast<unsigned char>(p[i])];
+        bad |= digit;
+        word = word << 4 | unsigned(digit & 0xF);
+    }
+    if (bad < 0) return false;
+    color = RGBA((word >> 16) & 0xFF, (word >> 8) & 0xFF, word & 0xFF, 255);
+    return true;
+}
+
+} // namespace
+
 const char* ZpxParserHandler::splitColors(const char* p, const char* end) {
     // A colour is read where it stands when white space behind it lies in this piece: the
     // parse stops at that white space as it would at the end of a copied word. Colours are
@@ -512,20 +543,28 @@ const char* ZpxParserHandler::splitColors(const char* p, const char* end) {
     // left to the general way.
     RGBA block[256];
     std::size_t n = 0;
-    for (;;) {
-        p = skipXmlSpace(p, end);
-        const char* q = p;
-        while (q != end && !isXmlSpace(*q)) ++q;
-        RGBA color;
-        // Only a word that begins with '#': the parse skips leading white space of its own,
-        // which in place could run on into the next word.
-        if (q == end || *p != '#' || !color.parse(p)) break;
+    auto keep = [&](RGBA color) {
         block[n++] = color;
-        p = q + 1;
         if (n == std::size(block)) {
             colorArray_->append(block, n);
             n = 0;
         }
+    };
+    for (;;) {
+        p = skipXmlSpace(p, end);
+        RGBA color;
+        if (end - p >= 8 && opaqueColor(p, color)) {
+            keep(color);
+            p += 8;
+            continue;
+        }
+        const char* q = p;
+        while (q != end && !isXmlSpace(*q)) ++q;
+        // Only a word that begins with '#': the parse skips leading white space of its own,
+        // which in place could run on into the next word.
+        if (q == end || *p != '#' || !color.parse(p)) break;
+        keep(color);
+        p = q + 1;
     }
     colorArray_->append(block, n);
     return p;
