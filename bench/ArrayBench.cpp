@@ -1,15 +1,17 @@
 // A density raster of a million cells: its load against a bare pass of the XML parser over the
-// same bytes, its write against the same numbers written with operator<<, and the memory its
-// cells take against their raw bytes.
+// same bytes (and the same for a colour raster), its write against the same numbers written with
+// operator<<, and the memory its cells take against their raw bytes.
 #include <grafel/document/PlotDocument.h>
 #include <grafel/document/ZpxParser.h>
 #include <grafel/document/ZpxParserHandler.h>
+#include <grafel/primitives/ColorArray2d.h>
 #include <grafel/primitives/DensityArray2d.h>
 
 #include <benchmark/benchmark.h>
 #include <expat.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <ctime>
 #include <random>
 #include <sstream>
@@ -39,6 +41,23 @@ const std::string& rasterDocument() {
     return text;
 }
 
+// The same with random opaque colours, as "#rrggbb".
+const std::string& colorDocument() {
+    static const std::string text = [] {
+        std::mt19937_64 random(2025);
+        std::ostringstream out;
+        out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Canvas xmlns=\"" << zpxNamespaceUri
+            << "\"><Scene2d><CoordinateSystem2d><Obj2d Type=\"Density\"><Img2d>"
+            << "<ColorArray2d XMesh=\"" << side << "\" YMesh=\"" << side << "\">";
+        for (int i = 0; i < side * side; ++i)
+            out << RGBA(std::uint8_t(random()), std::uint8_t(random()), std::uint8_t(random()), 255)
+                << ' ';
+        out << "</ColorArray2d></Img2d></Obj2d></CoordinateSystem2d></Scene2d></Canvas>\n";
+        return out.str();
+    }();
+    return text;
+}
+
 bool load(PlotDocument& doc, const std::string& text) {
     ZpxParserHandler handler(&doc, false, nullptr);
     ZpxParser parser(&handler, true, nullptr);
@@ -50,10 +69,10 @@ bool load(PlotDocument& doc, const std::string& text) {
     return true;
 }
 
-DensityArray2d* raster(Arbor::Node* node) {
+template <class T = DensityArray2d> T* raster(Arbor::Node* node) {
     for (Arbor::Node* n = node->firstChild(); n; n = n->nextSibling()) {
-        if (auto* d = dynamic_cast<DensityArray2d*>(n)) return d;
-        if (DensityArray2d* d = raster(n)) return d;
+        if (auto* d = dynamic_cast<T*>(n)) return d;
+        if (T* d = raster<T>(n)) return d;
     }
     return nullptr;
 }
@@ -110,6 +129,29 @@ void BM_DensityArrayLoad(benchmark::State& state) {
     state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(text.size()));
 }
 
+// The colour raster's load against the plain parser pass in the same iteration.
+void BM_ColorArrayLoad(benchmark::State& state) {
+    const std::string& text = colorDocument();
+    double zpx = 0;
+    double expat = 0;
+    for (auto _ : state) {
+        const double t0 = cpuSeconds();
+        if (!expatPass(text)) state.SkipWithError("the plain pass failed");
+        const double t1 = cpuSeconds();
+        PlotDocument doc;
+        if (!load(doc, text)) state.SkipWithError("the load failed");
+        const double t2 = cpuSeconds();
+        expat += t1 - t0;
+        zpx += t2 - t1;
+        state.SetIterationTime(t2 - t1);
+        const ColorArray2d* c = raster<ColorArray2d>(&doc);
+        if (!c || c->size() != std::size_t(side) * side) state.SkipWithError("cells missing");
+    }
+    state.counters["ratio_to_expat"] = zpx / expat;
+    state.counters["expat_ms"] = 1e3 * expat / double(state.iterations());
+    state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(text.size()));
+}
+
 // Writing the raster against a loop that writes the same numbers with operator<< to the same
 // kind of stream.
 void BM_DensityArrayWrite(benchmark::State& state) {
@@ -142,6 +184,7 @@ void BM_DensityArrayWrite(benchmark::State& state) {
 }
 
 BENCHMARK(BM_DensityArrayLoad)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(BM_ColorArrayLoad)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
 BENCHMARK(BM_DensityArrayWrite)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
 
 } // namespace

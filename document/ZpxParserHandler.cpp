@@ -21,6 +21,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 #include <utility>
 
 namespace Grafel {
@@ -485,16 +486,15 @@ void ZpxParserHandler::splitWords(const char* text, std::size_t length) {
     const bool direct = arrayKind_ == ArrayKind::Density && plainNumbers_;
     while (p != end) {
         if (direct && wordBuffer_.empty()) {
-            // A number that ends inside this piece is read where it stands, without a copy;
-            // one at the end of the piece may go on in the next.
-            p = skipXmlSpace(p, end);
-            double value;
-            const char* q = p;
-            if (q != end && scanPlainNumber(q, end, value) && q != end && isXmlSpace(*q)) {
-                densityArray_->push_back(value);
-                p = q + 1;
-                continue;
-            }
+            // Numbers that end inside this piece are read where they stand, without a copy,
+            // and handed over a block at a time; one at the end of the piece may go on in the
+            // next, and an unusual one takes the general way below.
+            double block[256];
+            const std::size_t n = scanPlainWords(p, end, block, std::size(block));
+            densityArray_->append(block, n);
+            if (n == std::size(block)) continue;
+        } else if (arrayKind_ == ArrayKind::Color && wordBuffer_.empty()) {
+            p = splitColors(p, end);
         }
         const char* start = p;
         while (p != end && !isXmlSpace(*p)) ++p;
@@ -503,6 +503,71 @@ void ZpxParserHandler::splitWords(const char* text, std::size_t length) {
         storeWord(); // a white-space character ends the word, if there is one
         ++p;
     }
+}
+
+namespace {
+
+// The value of each hexadecimal digit, -1 for other bytes.
+constexpr std::array<signed char, 256> hexDigits = [] {
+    std::array<signed char, 256> values{};
+    for (int c = 0; c < 256; ++c)
+        values[c] = c >= '0' && c <= '9'   ? static_cast<signed char>(c - '0')
+                    : c >= 'a' && c <= 'f' ? static_cast<signed char>(c - 'a' + 10)
+                    : c >= 'A' && c <= 'F' ? static_cast<signed char>(c - 'A' + 10)
+                                           : -1;
+    return values;
+}();
+
+// The form that writers use, "#rrggbb" and white space, as RGBA::parse reads it; false for
+// anything else. `p` has 8 readable bytes.
+bool opaqueColor(const char* p, RGBA& color) {
+    if (p[0] != '#' || !isXmlSpace(p[7])) return false;
+    unsigned long word = 0;
+    int bad = 0;
+    for (int i = 1; i <= 6; ++i) {
+        const int digit = hexDigits[static_cast<unsigned char>(p[i])];
+        bad |= digit;
+        word = word << 4 | unsigned(digit & 0xF);
+    }
+    if (bad < 0) return false;
+    color = RGBA((word >> 16) & 0xFF, (word >> 8) & 0xFF, word & 0xFF, 255);
+    return true;
+}
+
+} // namespace
+
+const char* ZpxParserHandler::splitColors(const char* p, const char* end) {
+    // A colour is read where it stands when white space behind it lies in this piece: the
+    // parse stops at that white space as it would at the end of a copied word. Colours are
+    // handed over a block at a time; a bad word, or one that may go on in the next piece, is
+    // left to the general way.
+    RGBA block[256];
+    std::size_t n = 0;
+    auto keep = [&](RGBA color) {
+        block[n++] = color;
+        if (n == std::size(block)) {
+            colorArray_->append(block, n);
+            n = 0;
+        }
+    };
+    for (;;) {
+        p = skipXmlSpace(p, end);
+        RGBA color;
+        if (end - p >= 8 && opaqueColor(p, color)) {
+            keep(color);
+            p += 8;
+            continue;
+        }
+        const char* q = p;
+        while (q != end && !isXmlSpace(*q)) ++q;
+        // Only a word that begins with '#': the parse skips leading white space of its own,
+        // which in place could run on into the next word.
+        if (q == end || *p != '#' || !color.parse(p)) break;
+        keep(color);
+        p = q + 1;
+    }
+    colorArray_->append(block, n);
+    return p;
 }
 
 void ZpxParserHandler::storeWord() {

@@ -26,6 +26,8 @@ class ColorArrayInput {
 public:
     /// Appends one cell.
     virtual void push_back(RGBA color) = 0;
+    /// Appends `count` cells at once, as push_back one after the other would.
+    virtual void append(const RGBA* colors, std::size_t count) = 0;
     /// The number of cells held.
     virtual std::size_t size() const = 0;
     /// Gives back the storage beyond the cells held, once the element's text has been read.
@@ -39,6 +41,8 @@ protected:
 class DensityArrayInput {
 public:
     virtual void push_back(double value) = 0;
+    /// Appends `count` cells at once, as push_back one after the other would.
+    virtual void append(const double* values, std::size_t count) = 0;
     virtual std::size_t size() const = 0;
     virtual void shrinkToFit() = 0;
 
@@ -131,6 +135,8 @@ private:
     void endText();
     /// Splits array text into words, storing each completed one.
     void splitWords(const char* text, std::size_t length);
+    /// Reads the colour words from `p` that end in [p, end); answers where it stopped.
+    const char* splitColors(const char* p, const char* end);
     void storeWord();
 
     PlotDocument* document_;

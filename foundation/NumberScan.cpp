@@ -1,5 +1,6 @@
 #include <grafel/foundation/NumberScan.h>
 
+#include <bit>
 #include <charconv>
 #include <clocale>
 #include <cstdint>
@@ -7,6 +8,10 @@
 #include <cstring>
 #include <stdexcept>
 #include <utility>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace Grafel {
 
@@ -212,7 +217,111 @@ bool plainLongs(const std::string& text, int count, long* values, int& converted
     return true;
 }
 
+// Eight bytes of text as one little-endian word: byte i is the character at p + i.
+inline std::uint64_t eightBytes(const char* p) {
+    std::uint64_t word;
+    std::memcpy(&word, p, sizeof word);
+    return word;
+}
+
+constexpr std::uint64_t eachByte(std::uint64_t b) {
+    return b * 0x0101010101010101u;
+}
+
+// The number of decimal digits at the start of the eight characters in `word`. A byte is a
+// digit when its high nibble is 3 both as it is and with 6 added; a carry out of a byte only
+// happens for one that is no digit, so the bytes before the first non-digit are judged right.
+inline int leadingDigits(std::uint64_t word) {
+    const std::uint64_t high = eachByte(0xF0);
+    const std::uint64_t other =
+        ((word & high) ^ eachByte(0x30)) | (((word + eachByte(0x06)) & high) ^ eachByte(0x30));
+    return other ? std::countr_zero(other) >> 3 : 8;
+}
+
+// The value of the first `n` (0 to 7) digits in `word`. They are moved to the top so that the
+// bytes below them read as leading zeros, then combined pairwise, as four and as eight.
+inline std::uint64_t digitsValue(std::uint64_t word, int n) {
+    std::uint64_t v = ((word - eachByte(0x30)) << (8 * (7 - n))) << 8;
+    v = v * 10 + (v >> 8);
+    return ((v & 0x000000FF000000FFu) * (100 + (1000000ull << 32)) +
+            ((v >> 16) & 0x000000FF000000FFu) * (1 + (10000ull << 32))) >>
+           32;
+}
+
+// The same for a word of `length` characters that white space ends, its end known in advance:
+// the form is checked by its length, and nothing here depends on the word before, so the
+// processor may read several words at once. The caller guarantees 24 readable bytes at `p`.
+inline bool knownWord(const char* p, int length, double& value) {
+    static constexpr double powers[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7};
+    static constexpr std::uint64_t scales[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000};
+    const bool negative = *p == '-';
+    const char* q = p + negative;
+    const std::uint64_t whole = eightBytes(q);
+    const int n = leadingDigits(whole);
+    if (n == 8) return false;
+    std::uint64_t mantissa = digitsValue(whole, n);
+    const int rest = length - negative - n;
+    int k = 0;
+    if (rest != 0) {
+        if (q[n] != '.') return false;
+        const std::uint64_t fraction = eightBytes(q + n + 1);
+        k = leadingDigits(fraction);
+        if (k != rest - 1 || k == 8) return false;
+        mantissa = mantissa * scales[k] + digitsValue(fraction, k);
+    }
+    if (n + k == 0) return false;
+    const double v = static_cast<double>(static_cast<std::int64_t>(mantissa)) / powers[k];
+    value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(v) | std::uint64_t(negative) << 63);
+    return true;
+}
+
+// Bit i tells whether p[i] is white space, for 16 bytes.
+inline unsigned spaceMask(const char* p) {
+#if defined(__SSE2__)
+    const __m128i c = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+    const __m128i space = _mm_or_si128(
+        _mm_or_si128(_mm_cmpeq_epi8(c, _mm_set1_epi8(' ')), _mm_cmpeq_epi8(c, _mm_set1_epi8('\n'))),
+        _mm_or_si128(_mm_cmpeq_epi8(c, _mm_set1_epi8('\t')),
+                     _mm_cmpeq_epi8(c, _mm_set1_epi8('\r'))));
+    return static_cast<unsigned>(_mm_movemask_epi8(space));
+#else
+    unsigned mask = 0;
+    for (int i = 0; i < 16; ++i) mask |= unsigned(isXmlSpace(p[i])) << i;
+    return mask;
+#endif
+}
+
 } // namespace
+
+std::size_t scanPlainWords(const char*& p, const char* end, double* values, std::size_t room) {
+    // Room for what knownWord and spaceMask may look at, so that it needs no test of the end.
+    constexpr std::ptrdiff_t margin = 24;
+    std::size_t count = 0;
+    const char* q = p;
+    while (count != room) {
+        while (q != end && isXmlSpace(*q)) ++q;
+        if (q == end) break;
+        if constexpr (std::endian::native == std::endian::little) {
+            // The end of the word is found first, apart from its digits, so that the next
+            // word need not wait for the reading of this one.
+            if (end - q >= margin) {
+                const unsigned spaces = spaceMask(q);
+                const int length = std::countr_zero(spaces);
+                if (spaces != 0 && knownWord(q, length, values[count])) {
+                    ++count;
+                    q += length + 1;
+                    continue;
+                }
+            }
+        }
+        const char* r = q;
+        if (!plainNumber(r, end, values[count]) || r == end || !isXmlSpace(*r)) break;
+        ++count;
+        q = r + 1;
+    }
+    p = q;
+    return count;
+}
 
 int scanLongs(const std::string& text, int count, long* values) {
     if (count < 1 || count > 2) throw std::invalid_argument("scanLongs: 1 or 2 numbers");

@@ -3,6 +3,7 @@
 // the plain decimal forms that files hold almost always.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace Grafel {
@@ -43,5 +44,14 @@ bool decimalPointIsDot();
 /// double, `p` points behind the number, and the answer is true. Otherwise the answer is false,
 /// `p` and `value` are left alone, and only sscanf can tell what the text means.
 bool scanPlainNumber(const char*& p, const char* end, double& value);
+
+/// Reads a run of words at `p`, each one a number that scanPlainNumber takes and that a white-
+/// space character ends, into `values` (room for `room`), skipping the white space before
+/// each word and taking the one behind it. Answers how many were read; `p` points behind the
+/// last of them and the white space that follows, that is at `end` or at the first word that
+/// is not read this way: an unusual one, or one that may go on beyond `end`. The values are
+/// those of scanPlainNumber, bit for bit; the short decimal forms that streams write are read
+/// without a loop over their digits.
+std::size_t scanPlainWords(const char*& p, const char* end, double* values, std::size_t room);
 
 } // namespace Grafel

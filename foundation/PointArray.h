@@ -81,6 +81,14 @@ public:
         appendInRoom(value);
     }
 
+    /// Appends `n` values, growing as push_back would for each.
+    void append(const T* values, std::size_t n) {
+        if (n == 0) return;
+        if (n > capacity() - size_)
+            grow(std::max(PointBlock::grownBytes(bytes_), bytesFor(size_ + n)));
+        std::memcpy(static_cast<void*>(data_ + size_), values, n * sizeof(T));
+        size_ += n;
+    }
     /// Makes room for `n` values in all.
     void reserve(std::size_t n) {
         if (n > capacity()) grow(bytesFor(n));

@@ -39,6 +39,7 @@ public:
 
     /// Appends a cell.
     void push_back(RGBA color) override { cells_.push_back(color); }
+    void append(const RGBA* colors, std::size_t count) override { cells_.append(colors, count); }
     /// Number of cells.
     std::size_t size() const override { return cells_.size(); }
     /// Number of cells the storage takes without growing.

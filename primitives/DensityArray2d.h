@@ -42,6 +42,7 @@ public:
 
     /// Appends a cell.
     void push_back(double value) override { cells_.push_back(value); }
+    void append(const double* values, std::size_t count) override { cells_.append(values, count); }
     /// Number of cells.
     std::size_t size() const override { return cells_.size(); }
     /// Number of cells the storage takes without growing.

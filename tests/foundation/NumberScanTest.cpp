@@ -13,9 +13,11 @@
 #include <random>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 using TestSupport::ScannedFields;
 using TestSupport::sscanfFields;
+using TestSupport::trickyNumberWord;
 
 namespace {
 
@@ -205,4 +207,49 @@ TEST(NumberScan, LongFieldsReadAsSscanfReadsThem) {
     }
     long v[2];
     EXPECT_THROW(Grafel::scanLongs("1", 3, v), std::invalid_argument);
+}
+
+// Runs of words between random white space, read in blocks of random room: each word read is
+// what " %lf" makes of it, bit for bit, and a stop leaves the text at the word that was not
+// read, which then needs the general way (or lies at the end of the text and may go on).
+TEST(NumberScan, PlainWordsReadAsSscanfReadsThem) {
+    std::mt19937_64 random(777);
+    const char* const spaces[] = {" ", "\t", "\n", "\r", "  ", "\r\n"};
+    for (int round = 0; round < 300; ++round) {
+        std::vector<std::string> words;
+        std::string text = random() % 2 ? "" : " ";
+        for (int i = 0, n = 1 + int(random() % 200); i < n; ++i) {
+            words.push_back(trickyNumberWord(random));
+            if (words.back().empty()) words.back() = "1";
+            text += words.back() + spaces[random() % std::size(spaces)];
+        }
+        const char* p = text.data();
+        const char* end = p + text.size();
+        std::size_t next = 0; // the word expected next
+        double values[300];
+        while (p != end) {
+            const std::size_t room = 1 + random() % 300;
+            const std::size_t got = Grafel::scanPlainWords(p, end, values, room);
+            for (std::size_t i = 0; i < got; ++i, ++next) {
+                ASSERT_LT(next, words.size());
+                const ScannedFields want = sscanfFields(words[next], 1, 0);
+                ASSERT_EQ(want.count, 1) << words[next];
+                ASSERT_EQ(std::memcmp(&values[i], &want.values[0], sizeof(double)), 0)
+                    << "'" << words[next] << "': " << values[i] << " vs " << want.values[0];
+            }
+            if (got == room || p == end) continue;
+            ASSERT_LT(next, words.size());
+            ASSERT_EQ(std::string(p, std::min<std::size_t>(end - p, words[next].size())),
+                      words[next]);
+            // A plain word that a blank ends is never left to the general way.
+            const char* q = p;
+            double value;
+            ASSERT_FALSE(Grafel::scanPlainNumber(q, end, value) && q != end &&
+                         (*q == ' ' || *q == '\t' || *q == '\n' || *q == '\r'))
+                << words[next];
+            p += words[next].size();
+            ++next;
+        }
+        EXPECT_EQ(next, words.size());
+    }
 }

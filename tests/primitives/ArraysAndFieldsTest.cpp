@@ -1,6 +1,7 @@
 // The rasters and vector fields: their state when new, their cells, and how the reader fills
 // them from the words of their text, refuses bad data and writes them back.
 #include "document/ZpxTestHelpers.h"
+#include "support/ScanReference.h"
 
 #include <grafel/arbor/DomException.h>
 #include <grafel/primitives/ColorArray2d.h>
@@ -10,7 +11,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <functional>
+#include <random>
 #include <stdexcept>
 
 using namespace Grafel;
@@ -126,6 +129,68 @@ TEST(ArraysAndFields, WordsLoadAndWriteBack) {
         << written;
     ASSERT_TRUE(load(doc, written));
     EXPECT_EQ(xml(doc), written);
+}
+
+// A raster of tricky words, the text handed over in pieces of many sizes so that words are
+// split anywhere: every cell holds exactly what " %lf" makes of its word.
+TEST(ArraysAndFields, DensityCellsAreWhatSscanfReads) {
+    std::mt19937_64 random(4711);
+    std::vector<double> want;
+    std::string words;
+    while (want.size() < 3000) {
+        const std::string word = TestSupport::trickyNumberWord(random);
+        const TestSupport::ScannedFields read = TestSupport::sscanfFields(word, 1, 0);
+        if (read.count != 1) continue;
+        want.push_back(read.values[0]);
+        words += word + (random() % 8 ? " " : "\n\t");
+    }
+    const std::string text =
+        page("<DensityArray2d XMesh=\"3000\" YMesh=\"1\">" + words + "</DensityArray2d>");
+    PlotDocument doc;
+    for (std::size_t piece : {0, 1, 5, 64, 333, 4096}) {
+        SCOPED_TRACE(piece);
+        ASSERT_TRUE(load(doc, text, false, piece)) << (messages().empty() ? "" : messages()[0]);
+        const auto* d = find<DensityArray2d>(&doc);
+        ASSERT_EQ(d->size(), want.size());
+        EXPECT_EQ(std::memcmp(d->values(), want.data(), want.size() * sizeof(double)), 0);
+    }
+}
+
+// Random colour words, some of them bad or overlong, in pieces of many sizes: the load keeps what
+// RGBA::parse makes of each word by itself, and fails at the first bad one with its report.
+TEST(ArraysAndFields, ColorCellsAreWhatParseReads) {
+    std::mt19937_64 random(99);
+    const std::string alphabet = "#0123456789abcdefABCDEFgx-";
+    for (int round = 0; round < 200; ++round) {
+        std::vector<RGBA> want;
+        std::string words;
+        std::string bad;
+        for (int i = 0, n = 1 + int(random() % 40); i < n; ++i) {
+            std::string word = "#";
+            for (int k = 0, len = int(random() % 3 ? 6 : random() % 11); k < len; ++k)
+                word += alphabet[random() % (random() % 4 ? 16 : alphabet.size())];
+            RGBA color;
+            if (!color.parse(word.c_str()) && bad.empty()) bad = word;
+            if (bad.empty()) want.push_back(color);
+            words += word + (random() % 4 ? " " : random() % 2 ? " \r\n" : "\t");
+        }
+        const std::string text =
+            page("<ColorArray2d XMesh=\"1\" YMesh=\"1\">" + words + "</ColorArray2d>");
+        for (std::size_t piece : {0, 1, 3, 8, 17}) {
+            SCOPED_TRACE(words + " / " + std::to_string(piece));
+            PlotDocument doc;
+            const bool loaded = load(doc, text, false, piece);
+            if (!bad.empty()) {
+                ASSERT_FALSE(loaded);
+                ASSERT_EQ(messages(),
+                          std::vector<std::string>{"ColorArray2d data corrupted: '" + bad + "'\n"});
+                continue;
+            }
+            ASSERT_TRUE(loaded) << (messages().empty() ? "" : messages()[0]);
+            const auto* c = find<ColorArray2d>(&doc);
+            EXPECT_EQ(cells(c->colors(), c->size()), want);
+        }
+    }
 }
 
 TEST(ArraysAndFields, BadDataFailsWithItsReport) {
