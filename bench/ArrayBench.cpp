@@ -7,6 +7,8 @@
 #include <grafel/primitives/ColorArray2d.h>
 #include <grafel/primitives/DensityArray2d.h>
 
+#include "Measure.h"
+
 #include <benchmark/benchmark.h>
 #include <expat.h>
 
@@ -77,30 +79,12 @@ template <class T = DensityArray2d> T* raster(Arbor::Node* node) {
     return nullptr;
 }
 
-void XMLCALL noStart(void*, const XML_Char*, const XML_Char**) {}
-void XMLCALL noEnd(void*, const XML_Char*) {}
-void XMLCALL noText(void*, const XML_Char*, int) {}
-
 // The same bytes in the same pieces through the C parser, with handlers that do nothing.
 bool expatPass(const std::string& text) {
-    XML_Parser parser = XML_ParserCreate(nullptr);
-    XML_SetElementHandler(parser, noStart, noEnd);
-    XML_SetCharacterDataHandler(parser, noText);
-    bool ok = true;
-    for (std::size_t at = 0; ok && at < text.size(); at += pieceSize) {
-        const std::size_t n = std::min(pieceSize, text.size() - at);
-        ok = XML_Parse(parser, text.data() + at, static_cast<int>(n), at + n == text.size()) ==
-             XML_STATUS_OK;
-    }
-    XML_ParserFree(parser);
-    return ok;
+    return BenchMeasure::expatPass(text, pieceSize);
 }
 
-// Processor time of this process: the machine is shared, and the ratios should not depend on
-// what else runs.
-double cpuSeconds() {
-    return double(std::clock()) / CLOCKS_PER_SEC;
-}
+using BenchMeasure::cpuSeconds;
 
 // Load against the plain parser pass in the same iteration; the storage of the cells after the
 // load against their raw bytes (the rest of the element is a constant).
