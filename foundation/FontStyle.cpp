@@ -28,6 +28,19 @@ const char* resolveFamily(const char* family) noexcept {
     return family;
 }
 
+/// Whether the family has to go out without quotes to read back: it holds an apostrophe, and
+/// reads back whole up to the next blank.
+/// Every character from U+0080 up is written as bytes from 0x80 up, which separate words.
+bool writesBare(const wchar_t* family) noexcept {
+    if (!family || !*family || *family == L'\'') return false;
+    bool apostrophe = false;
+    for (const wchar_t* c = family; *c; ++c) {
+        if (*c <= 32 || *c >= 0x80) return false;
+        apostrophe |= *c == L'\'';
+    }
+    return apostrophe;
+}
+
 } // namespace
 
 FontStyle::FontStyle()
@@ -136,9 +149,19 @@ bool operator<(const FontStyle& a, const FontStyle& b) noexcept {
 }
 
 std::ostream& operator<<(std::ostream& out, const FontStyle& font) {
-    out << '\'';
-    putCData(out, font.family());
-    out << "' " << font.size();
+    // The quoted family ends at the first apostrophe, so a family holding one goes out bare,
+    // which the reader takes up to the next blank. A family with an apostrophe and a blank (or
+    // a non-ASCII letter, or one that starts with the apostrophe) fits neither form: it is
+    // written quoted and does not read back.
+    if (writesBare(font.family().text())) {
+        putCData(out, font.family());
+        out << ' ';
+    } else {
+        out << '\'';
+        putCData(out, font.family());
+        out << "' ";
+    }
+    out << font.size();
     if (font.italic()) out << " Italic";
     if (font.bold()) out << " Bold";
     return out << ' ' << font.color() << ' ' << font.alignment();

@@ -76,7 +76,8 @@ std::ostream& putXmlValue(std::ostream& out, bool value) {
 }
 
 std::ostream& putXmlValue(std::ostream& out, Arbor::Token value) {
-    return out << value;
+    // A token read from a file can hold any character, so it is escaped like every other text.
+    return Tessel::putCData(out, value.text());
 }
 
 std::ostream& putXmlValue(std::ostream& out, const Tessel::FixedStringBase<char>& value) {

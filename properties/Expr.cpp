@@ -1,6 +1,7 @@
 #include <grafel/properties/Expr.h>
 
 #include <grafel/arbor/DomException.h>
+#include <grafel/foundation/ScalarText.h>
 #include <grafel/properties/PropertyTypes.h>
 #include <grafel/properties/detail/ExprItems.h>
 
@@ -78,7 +79,9 @@ bool Expr::afterAttributeChange(Arbor::Element* source, Token name) {
 }
 
 std::ostream& Expr::putAttributesXml(std::ostream& out) {
-    return out << " Opt=\"" << opt_ << '"';
+    out << " Opt=\"";
+    putXmlValue(out, opt_);
+    return out << '"';
 }
 
 void Expr::putCmd(CmdOStream& out) {

@@ -270,10 +270,20 @@ private:
                                                                                                    \
 private:
 
+// The class whose pointer finds the nearest member table. Clang's lookup does not search the
+// bases of a class still being defined, so there it starts at Base, which checks that Base has
+// a table but not that no class in between has one; g++ checks the whole claim.
+#if defined(__clang__)
+#define GRAFEL_MEMBER_LOOKUP_FROM_(Class, Base) Base
+#else
+#define GRAFEL_MEMBER_LOOKUP_FROM_(Class, Base) Class
+#endif
+
 // An extending table: what GRAFEL_MEMBER_PROPERTIES_EXTENDING and its ordered form share.
 #define GRAFEL_MEMBER_EXTENDING_TABLE_(Class, Base, TABLE, ROW, FIELDS, FIELD)                     \
     static_assert(                                                                                 \
-        std::is_same_v<decltype(grafelMemberTableOf_(static_cast<const Class*>(nullptr))),         \
+        std::is_same_v<decltype(grafelMemberTableOf_(                                              \
+                           static_cast<const GRAFEL_MEMBER_LOOKUP_FROM_(Class, Base)*>(nullptr))), \
                        const Base*>,                                                               \
         #Base " is not the nearest base of " #Class " with a member table: name that "             \
               "one in GRAFEL_MEMBER_PROPERTIES_EXTENDING(" #Class ", <base>, " #TABLE ")");        \

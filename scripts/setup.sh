@@ -3,7 +3,8 @@
 # everything is already there; run as root (or with sudo available) on a fresh machine.
 set -euo pipefail
 
-packages=(g++ cmake ninja-build pkgconf libexpat1-dev libgtest-dev libgmock-dev libbenchmark-dev)
+packages=(g++ cmake ninja-build pkgconf libexpat1-dev libgtest-dev libgmock-dev libbenchmark-dev
+          clang libclang-rt-dev)
 
 missing=()
 for p in "${packages[@]}"; do
