@@ -10,10 +10,6 @@ GRAFEL_DEFINE_MEMBER_PROPERTIES(ColorArray2d, GRAFEL_COLORARRAY2D_TABLE)
 
 ColorArray2d::~ColorArray2d() = default;
 
-RGBA ColorArray2d::colorAt(std::size_t i) const {
-    return detail::cellAt(cells_, i);
-}
-
 std::ostream& ColorArray2d::putXml(std::ostream& out) {
     const Arbor::Token tag = tagName();
     out << '<' << tag;

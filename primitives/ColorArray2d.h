@@ -2,8 +2,8 @@
 #pragma once
 
 #include <grafel/document/ZpxParserHandler.h>
-#include <grafel/foundation/PointArray.h>
 #include <grafel/primitives/PrimitiveClass.h>
+#include <grafel/primitives/RasterCells.h>
 
 #include <cstddef>
 #include <iosfwd>
@@ -30,25 +30,17 @@ namespace Grafel {
 /// element's text. A copy keeps the cells.
 class ColorArray2d
     : public ElementClass<ColorArray2d, id_ColorArray2d, PrimitiveBase, CloneBy::copy>,
-      public ColorArrayInput {
+      public RasterCells<RGBA, ColorArrayInput> {
     friend ElementClass;
     GRAFEL_PRIMITIVE_TABLE(ColorArray2d, GRAFEL_COLORARRAY2D_TABLE, colorAttributeFlags)
 
 public:
     ~ColorArray2d() override;
 
-    /// Appends a cell.
-    void push_back(RGBA color) override { cells_.push_back(color); }
-    void append(const RGBA* colors, std::size_t count) override { cells_.append(colors, count); }
-    /// Number of cells.
-    std::size_t size() const override { return cells_.size(); }
-    /// Number of cells the storage takes without growing.
-    std::size_t capacity() const noexcept { return cells_.capacity(); }
     /// The first cell, or null when there is none.
-    const RGBA* colors() const noexcept { return cells_.empty() ? nullptr : cells_.data(); }
+    const RGBA* colors() const noexcept { return firstCell(); }
     /// Cell `i`; std::out_of_range ("invalid vector<T> subscript") unless `i < size()`.
-    RGBA colorAt(std::size_t i) const;
-    void shrinkToFit() override { cells_.shrinkToFit(); }
+    RGBA colorAt(std::size_t i) const { return cellAt(i); }
 
     /// Start tag with the attributes, each cell as "#rrggbb" (or "#rrggbbaa") and a blank, end
     /// tag.
@@ -57,9 +49,6 @@ public:
 protected:
     explicit ColorArray2d(Arbor::Document* document) : ElementClass(document) {}
     ColorArray2d(const ColorArray2d& other) = default;
-
-private:
-    PointArray<RGBA> cells_;
 };
 
 } // namespace Grafel

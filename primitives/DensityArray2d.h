@@ -3,8 +3,8 @@
 #pragma once
 
 #include <grafel/document/ZpxParserHandler.h>
-#include <grafel/foundation/PointArray.h>
 #include <grafel/primitives/PrimitiveClass.h>
+#include <grafel/primitives/RasterCells.h>
 
 #include <cstddef>
 #include <iosfwd>
@@ -33,25 +33,17 @@ namespace Grafel {
 /// are the words of the element's text. A copy keeps the cells.
 class DensityArray2d
     : public ElementClass<DensityArray2d, id_DensityArray2d, PrimitiveBase, CloneBy::copy>,
-      public DensityArrayInput {
+      public RasterCells<double, DensityArrayInput> {
     friend ElementClass;
     GRAFEL_PRIMITIVE_TABLE(DensityArray2d, GRAFEL_DENSITYARRAY2D_TABLE, densityAttributeFlags)
 
 public:
     ~DensityArray2d() override;
 
-    /// Appends a cell.
-    void push_back(double value) override { cells_.push_back(value); }
-    void append(const double* values, std::size_t count) override { cells_.append(values, count); }
-    /// Number of cells.
-    std::size_t size() const override { return cells_.size(); }
-    /// Number of cells the storage takes without growing.
-    std::size_t capacity() const noexcept { return cells_.capacity(); }
     /// The first cell, or null when there is none.
-    const double* values() const noexcept { return cells_.empty() ? nullptr : cells_.data(); }
+    const double* values() const noexcept { return firstCell(); }
     /// Cell `i`; std::out_of_range ("invalid vector<T> subscript") unless `i < size()`.
-    double valueAt(std::size_t i) const;
-    void shrinkToFit() override { cells_.shrinkToFit(); }
+    double valueAt(std::size_t i) const { return cellAt(i); }
 
     /// Start tag with the attributes, each cell as the stream writes a double and a blank, end
     /// tag.
@@ -60,9 +52,6 @@ public:
 protected:
     explicit DensityArray2d(Arbor::Document* document) : ElementClass(document) {}
     DensityArray2d(const DensityArray2d& other) = default;
-
-private:
-    PointArray<double> cells_;
 };
 
 } // namespace Grafel

@@ -1,0 +1,41 @@
+// The cells of a raster (ColorArray2d, DensityArray2d): what the reader's input interface asks
+// of them, held once for both.
+#pragma once
+
+#include <grafel/foundation/PointArray.h>
+
+#include <cstddef>
+#include <stdexcept>
+
+namespace Grafel {
+
+/// Cells of type T beside the tree, filled through Input (ColorArrayInput or
+/// DensityArrayInput). A copy of the raster keeps them.
+template <class T, class Input> class RasterCells : public Input {
+public:
+    /// Appends a cell.
+    void push_back(T cell) override { cells_.push_back(cell); }
+    void append(const T* cells, std::size_t count) override { cells_.append(cells, count); }
+    /// Number of cells.
+    std::size_t size() const override { return cells_.size(); }
+    void shrinkToFit() override { cells_.shrinkToFit(); }
+    /// Number of cells the storage takes without growing.
+    std::size_t capacity() const noexcept { return cells_.capacity(); }
+
+protected:
+    RasterCells() = default;
+    RasterCells(const RasterCells&) = default;
+    ~RasterCells() = default;
+
+    /// The first cell, or null when there is none.
+    const T* firstCell() const noexcept { return cells_.empty() ? nullptr : cells_.data(); }
+    /// Cell `i`; std::out_of_range ("invalid vector<T> subscript") unless `i < size()`.
+    T cellAt(std::size_t i) const {
+        if (i >= cells_.size()) throw std::out_of_range("invalid vector<T> subscript");
+        return cells_[i];
+    }
+
+    PointArray<T> cells_;
+};
+
+} // namespace Grafel
