@@ -79,61 +79,27 @@ template <class T = DensityArray2d> T* raster(Arbor::Node* node) {
     return nullptr;
 }
 
-// The same bytes in the same pieces through the C parser, with handlers that do nothing.
-bool expatPass(const std::string& text) {
-    return BenchMeasure::expatPass(text, pieceSize);
-}
-
-using BenchMeasure::cpuSeconds;
-
 // Load against the plain parser pass in the same iteration; the storage of the cells after the
 // load against their raw bytes (the rest of the element is a constant).
 void BM_DensityArrayLoad(benchmark::State& state) {
-    const std::string& text = rasterDocument();
-    double zpx = 0;
-    double expat = 0;
     double storage = 0;
-    for (auto _ : state) {
-        const double t0 = cpuSeconds();
-        if (!expatPass(text)) state.SkipWithError("the plain pass failed");
-        const double t1 = cpuSeconds();
-        PlotDocument doc;
-        if (!load(doc, text)) state.SkipWithError("the load failed");
-        const double t2 = cpuSeconds();
-        expat += t1 - t0;
-        zpx += t2 - t1;
-        state.SetIterationTime(t2 - t1);
-        const DensityArray2d* d = raster(&doc);
-        if (!d || d->size() != std::size_t(side) * side) state.SkipWithError("cells missing");
-        storage = double(d->capacity()) / double(d->size());
-    }
-    state.counters["ratio_to_expat"] = zpx / expat;
-    state.counters["expat_ms"] = 1e3 * expat / double(state.iterations());
+    BenchMeasure::loadAgainstExpat(state, rasterDocument(), pieceSize, load,
+                                   [&](PlotDocument& doc) {
+                                       const DensityArray2d* d = raster(&doc);
+                                       if (!d || d->size() != std::size_t(side) * side)
+                                           state.SkipWithError("cells missing");
+                                       else
+                                           storage = double(d->capacity()) / double(d->size());
+                                   });
     state.counters["storage_to_raw_cells"] = storage;
-    state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(text.size()));
 }
 
 // The colour raster's load against the plain parser pass in the same iteration.
 void BM_ColorArrayLoad(benchmark::State& state) {
-    const std::string& text = colorDocument();
-    double zpx = 0;
-    double expat = 0;
-    for (auto _ : state) {
-        const double t0 = cpuSeconds();
-        if (!expatPass(text)) state.SkipWithError("the plain pass failed");
-        const double t1 = cpuSeconds();
-        PlotDocument doc;
-        if (!load(doc, text)) state.SkipWithError("the load failed");
-        const double t2 = cpuSeconds();
-        expat += t1 - t0;
-        zpx += t2 - t1;
-        state.SetIterationTime(t2 - t1);
+    BenchMeasure::loadAgainstExpat(state, colorDocument(), pieceSize, load, [&](PlotDocument& doc) {
         const ColorArray2d* c = raster<ColorArray2d>(&doc);
         if (!c || c->size() != std::size_t(side) * side) state.SkipWithError("cells missing");
-    }
-    state.counters["ratio_to_expat"] = zpx / expat;
-    state.counters["expat_ms"] = 1e3 * expat / double(state.iterations());
-    state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(text.size()));
+    });
 }
 
 // Writing the raster against a loop that writes the same numbers with operator<< to the same
@@ -142,29 +108,13 @@ void BM_DensityArrayWrite(benchmark::State& state) {
     PlotDocument doc;
     if (!load(doc, rasterDocument())) state.SkipWithError("the load failed");
     const DensityArray2d* d = raster(&doc);
-    double zpx = 0;
-    double plain = 0;
-    for (auto _ : state) {
-        const double t0 = cpuSeconds();
-        {
-            std::ostringstream out;
+    BenchMeasure::writeAgainstStream(
+        state,
+        [&](std::ostream& out) {
             const double* v = d->values();
             for (std::size_t i = 0; i < d->size(); ++i) out << v[i] << ' ';
-            benchmark::DoNotOptimize(out.tellp());
-        }
-        const double t1 = cpuSeconds();
-        {
-            std::ostringstream out;
-            doc.putXml(out);
-            benchmark::DoNotOptimize(out.tellp());
-        }
-        const double t2 = cpuSeconds();
-        plain += t1 - t0;
-        zpx += t2 - t1;
-        state.SetIterationTime(t2 - t1);
-    }
-    state.counters["ratio_to_stream"] = zpx / plain;
-    state.counters["stream_ms"] = 1e3 * plain / double(state.iterations());
+        },
+        [&](std::ostream& out) { doc.putXml(out); });
 }
 
 BENCHMARK(BM_DensityArrayLoad)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);

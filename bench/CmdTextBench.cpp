@@ -26,8 +26,8 @@ double threadSeconds() {
     return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_nsec) * 1e-9;
 }
 
-// A page of many coordinate systems with many objects, each with its own sizes, colours, directions and times: the numbers
-// of command text are these attributes, the colours' components among them.
+// A page of many coordinate systems with many objects, each with its own sizes, colours, directions
+// and times: the numbers of command text are these attributes, the colours' components among them.
 std::string makeDocument() {
     std::mt19937_64 random(11);
     std::uniform_real_distribution<double> size(0.1, 5);

@@ -2,6 +2,9 @@
 // it, and a pass of the bare XML parser over a text, as the baseline of a load.
 #pragma once
 
+#include <grafel/document/PlotDocument.h>
+
+#include <benchmark/benchmark.h>
 #include <expat.h>
 
 #include <algorithm>
@@ -10,6 +13,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
+#include <sstream>
 #include <string>
 
 namespace BenchMeasure {
@@ -59,6 +63,60 @@ inline bool expatPass(const std::string& text, std::size_t piece) {
     }
     XML_ParserFree(parser);
     return ok;
+}
+
+/// The iterations of a load benchmark: each times a bare pass over `text` in pieces of `piece`,
+/// then `load(doc, text)` into a fresh document, whose time is the iteration's; `check(doc)`
+/// then looks, untimed, at what arrived. Sets "ratio_to_expat", "expat_ms" and the bytes.
+template <class Load, class Check>
+void loadAgainstExpat(benchmark::State& state, const std::string& text, std::size_t piece,
+                      Load load, Check check) {
+    double loading = 0;
+    double expat = 0;
+    for (auto _ : state) {
+        const double t0 = cpuSeconds();
+        if (!expatPass(text, piece)) state.SkipWithError("the plain pass failed");
+        const double t1 = cpuSeconds();
+        Grafel::PlotDocument doc;
+        if (!load(doc, text)) state.SkipWithError("the load failed");
+        const double t2 = cpuSeconds();
+        expat += t1 - t0;
+        loading += t2 - t1;
+        state.SetIterationTime(t2 - t1);
+        check(doc);
+    }
+    state.counters["ratio_to_expat"] = loading / expat;
+    state.counters["expat_ms"] = 1e3 * expat / double(state.iterations());
+    state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(text.size()));
+}
+
+/// The iterations of a write benchmark: each times `plain(out)`, the same numbers written with
+/// operator<<, then `ours(out)`, whose time is the iteration's, each into a fresh string
+/// stream. Sets "ratio_to_stream" and "stream_ms".
+template <class Plain, class Ours>
+void writeAgainstStream(benchmark::State& state, Plain plain, Ours ours) {
+    double writing = 0;
+    double stream = 0;
+    for (auto _ : state) {
+        const double t0 = cpuSeconds();
+        {
+            std::ostringstream out;
+            plain(out);
+            benchmark::DoNotOptimize(out.tellp());
+        }
+        const double t1 = cpuSeconds();
+        {
+            std::ostringstream out;
+            ours(out);
+            benchmark::DoNotOptimize(out.tellp());
+        }
+        const double t2 = cpuSeconds();
+        stream += t1 - t0;
+        writing += t2 - t1;
+        state.SetIterationTime(t2 - t1);
+    }
+    state.counters["ratio_to_stream"] = writing / stream;
+    state.counters["stream_ms"] = 1e3 * stream / double(state.iterations());
 }
 
 } // namespace BenchMeasure

@@ -341,31 +341,19 @@ const P3List* firstSpaceList(Arbor::Node* node) {
 }
 
 void primitiveLoadVersusExpat(benchmark::State& state, Arbor::Token tag) {
-    const std::string text = sceneDocument(tag);
-    double zpx = 0;
-    double expat = 0;
     double arrayRatio = 0;
-    for (auto _ : state) {
-        const double t0 = cpuSeconds();
-        if (!expatPass(text)) state.SkipWithError("the plain pass failed");
-        const double t1 = cpuSeconds();
-        PlotDocument doc;
-        if (!load(doc, text)) state.SkipWithError("the load failed");
-        const double t2 = cpuSeconds();
-        expat += t1 - t0;
-        zpx += t2 - t1;
-        state.SetIterationTime(t2 - t1);
-        const P3List* list = firstSpaceList(&doc);
-        if (!list || list->size() != std::size_t(pointCount))
-            state.SkipWithError("the points did not arrive");
-        else
-            arrayRatio = double(list->capacity()) / double(list->size());
-    }
-    state.counters["ratio_to_expat"] = zpx / expat;
-    state.counters["expat_ms"] = 1e3 * expat / double(state.iterations());
+    BenchMeasure::loadAgainstExpat(
+        state, sceneDocument(tag), pieceSize,
+        [](PlotDocument& doc, const std::string& text) { return load(doc, text); },
+        [&](PlotDocument& doc) {
+            const P3List* list = firstSpaceList(&doc);
+            if (!list || list->size() != std::size_t(pointCount))
+                state.SkipWithError("the points did not arrive");
+            else
+                arrayRatio = double(list->capacity()) / double(list->size());
+        });
     // The point array over 24 bytes a point; the list keeps no normals or colours here.
     state.counters["array_to_coordinate_bytes"] = arrayRatio;
-    state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(text.size()));
 }
 
 void BM_ZpxLoadPoly3d(benchmark::State& state) {
