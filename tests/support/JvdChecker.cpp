@@ -1,11 +1,8 @@
 #include "support/JvdChecker.h"
-
-#include <grafel/tessel/xml/Handler.h>
-#include <grafel/tessel/xml/Parser.h>
+#include "support/XmlTree.h"
 
 #include <charconv>
 #include <cstring>
-#include <memory>
 #include <sstream>
 #include <vector>
 
@@ -13,53 +10,7 @@ namespace TestSupport {
 
 namespace {
 
-/// An element of the parsed file.
-struct XmlElement {
-    std::string name;
-    std::vector<std::pair<std::string, std::string>> attributes;
-    std::string text;
-    std::vector<std::unique_ptr<XmlElement>> children;
-};
-
-/// Builds the tree of XmlElements of a file.
-class TreeBuilder : public Tessel::Xml::Handler {
-public:
-    std::unique_ptr<XmlElement> root;
-
-    void startElement(int, int nameId,
-                      const std::vector<Tessel::Xml::Attribute>& attributes) override {
-        auto element = std::make_unique<XmlElement>();
-        element->name = names_[nameId];
-        for (const auto& a : attributes)
-            element->attributes.emplace_back(names_[a.nameId], a.value);
-        XmlElement* raw = element.get();
-        if (open_.empty())
-            root = std::move(element);
-        else
-            open_.back()->children.push_back(std::move(element));
-        open_.push_back(raw);
-    }
-    void endElement(int, int) override { open_.pop_back(); }
-    void characterData(const char* text, int length) override {
-        if (!open_.empty()) open_.back()->text.append(text, static_cast<std::size_t>(length));
-    }
-    bool elementName(const char*, const char* name, int& ns, int& id) override {
-        return map(name, ns, id);
-    }
-    bool attributeName(const char*, const char* name, int& ns, int& id) override {
-        return map(name, ns, id);
-    }
-
-private:
-    bool map(const char* name, int& ns, int& id) {
-        ns = 0;
-        id = static_cast<int>(names_.size());
-        names_.emplace_back(name);
-        return true;
-    }
-    std::vector<std::string> names_;
-    std::vector<XmlElement*> open_;
-};
+using XmlElement = XmlNode;
 
 /// What an element of a display may hold. Attribute forms: a list of words separated by "|",
 /// "#" for a number, "*" for anything, "tf6" for six letters of t and f. Text: the count of
@@ -215,16 +166,7 @@ private:
     void report(const std::string& path, const std::string& what) {
         problems << path << ": " << what << '\n';
     }
-    static std::size_t count(const XmlElement& e, const char* name) {
-        std::size_t n = 0;
-        for (const auto& child : e.children) n += child->name == name;
-        return n;
-    }
-    static const char* attribute(const XmlElement& e, const char* name) {
-        for (const auto& [key, value] : e.attributes)
-            if (key == name) return value.c_str();
-        return nullptr;
-    }
+    static std::size_t count(const XmlElement& e, const char* name) { return e.all(name).size(); }
     void once(const XmlElement& e, const std::string& path, const char* name, bool needed) {
         const std::size_t n = count(e, name);
         if (n > 1 || (needed && n == 0)) report(path, std::to_string(n) + " " + name + " children");
@@ -240,19 +182,19 @@ private:
             once(e, path, "display", true);
         } else if (e.name == "axes") {
             if (count(e, "ruler") != 3) report(path, "not three rulers");
-            const char* type = attribute(e, "type");
-            if (attribute(e, "longHash") && !(type && std::strcmp(type, "corner") == 0))
+            const char* type = e.attribute("type");
+            if (e.attribute("longHash") && !(type && std::strcmp(type, "corner") == 0))
                 report(path, "longHash without type corner");
         } else if (e.name == "ruler") {
             if (count(e, "minValue") != count(e, "maxValue")) report(path, "one bound alone");
             if (count(e, "minorUnit") != count(e, "majorUnit")) report(path, "one unit alone");
-            once(e, path, "color", !attribute(e, "hashsUp"));
+            once(e, path, "color", !e.attribute("hashsUp"));
         } else if (e.name == "camera") {
             for (const char* name : {"position", "interest", "fieldOfView"})
                 once(e, path, name, true);
             once(e, path, "roll", false);
         } else if (e.name == "light") {
-            const std::string type = attribute(e, "type") ? attribute(e, "type") : "";
+            const std::string type = e.attribute("type") ? e.attribute("type") : "";
             once(e, path, "position", type != "ambient");
             if (type == "ambient" && count(e, "position"))
                 report(path, "ambient light with a position");
@@ -269,28 +211,21 @@ private:
 } // namespace
 
 std::string checkJvd(const std::string& text) {
-    TreeBuilder builder;
-    Tessel::Xml::Parser parser(&builder, false, nullptr);
-    if (!parser.parse(text.data(), static_cast<int>(text.size()), true))
-        return std::string("not XML: ") + parser.errorText() + "\n";
-    if (!builder.root || builder.root->name != "jv-disp") return "root is not jv-disp\n";
+    XmlTree tree;
+    if (std::string error = parseXmlTree(text, tree); !error.empty())
+        return "not XML: " + error + "\n";
+    if (!tree.root || tree.root->name != "jv-disp") return "root is not jv-disp\n";
     Checker checker;
-    // The reader does not hand the document type over; it stands alone on its line.
-    const std::string doctype = "<!DOCTYPE jv-disp SYSTEM \"";
-    const std::size_t at = text.find(doctype);
-    const std::size_t end = text.find('\n', at);
-    if (at == std::string::npos || end == std::string::npos ||
-        text.compare(at, doctype.size(), doctype) != 0 ||
-        text.substr(0, end).ends_with("/rsrc/jv-disp.dtd\">") == false)
+    if (tree.doctype != "jv-disp" || !tree.systemId.ends_with("/rsrc/jv-disp.dtd"))
         checker.problems << "no DOCTYPE of jv-disp\n";
     std::size_t displays = 0;
-    for (const auto& child : builder.root->children) {
+    for (const auto& child : tree.root->children) {
         if (child->name != "displays") continue;
         ++displays;
         checker.element(*child, "/jv-disp/displays");
     }
     if (displays != 1) checker.problems << "/jv-disp: " << displays << " displays\n";
-    if (builder.root->children.empty() || builder.root->children.back()->name != "displays")
+    if (tree.root->children.empty() || tree.root->children.back()->name != "displays")
         checker.problems << "/jv-disp: displays is not last\n";
     return checker.problems.str();
 }

@@ -1,6 +1,5 @@
 #include "support/JvxChecker.h"
-
-#include <expat.h>
+#include "support/XmlTree.h"
 
 #include <cstring>
 #include <memory>
@@ -10,67 +9,7 @@ namespace TestSupport {
 
 namespace {
 
-struct Node {
-    std::string name;
-    std::vector<std::pair<std::string, std::string>> attributes;
-    std::string text;
-    std::vector<std::unique_ptr<Node>> children;
-    long line = 0;
-
-    const char* attribute(const char* key) const {
-        for (const auto& [k, v] : attributes)
-            if (k == key) return v.c_str();
-        return nullptr;
-    }
-    const Node* child(const char* tag) const {
-        for (const auto& c : children)
-            if (c->name == tag) return c.get();
-        return nullptr;
-    }
-    std::vector<const Node*> all(const char* tag) const {
-        std::vector<const Node*> out;
-        for (const auto& c : children)
-            if (c->name == tag) out.push_back(c.get());
-        return out;
-    }
-};
-
-struct Tree {
-    std::unique_ptr<Node> root;
-    std::vector<Node*> open;
-    std::string doctype, systemId;
-    XML_Parser parser = nullptr;
-};
-
-void XMLCALL onStart(void* data, const XML_Char* name, const XML_Char** attributes) {
-    auto& tree = *static_cast<Tree*>(data);
-    auto node = std::make_unique<Node>();
-    node->name = name;
-    node->line = XML_GetCurrentLineNumber(tree.parser);
-    for (const XML_Char** a = attributes; *a; a += 2) node->attributes.emplace_back(a[0], a[1]);
-    Node* raw = node.get();
-    if (tree.open.empty())
-        tree.root = std::move(node);
-    else
-        tree.open.back()->children.push_back(std::move(node));
-    tree.open.push_back(raw);
-}
-
-void XMLCALL onEnd(void* data, const XML_Char*) {
-    static_cast<Tree*>(data)->open.pop_back();
-}
-
-void XMLCALL onText(void* data, const XML_Char* text, int length) {
-    auto& tree = *static_cast<Tree*>(data);
-    if (!tree.open.empty()) tree.open.back()->text.append(text, length);
-}
-
-void XMLCALL onDoctype(void* data, const XML_Char* name, const XML_Char* systemId, const XML_Char*,
-                       int) {
-    auto& tree = *static_cast<Tree*>(data);
-    tree.doctype = name;
-    tree.systemId = systemId ? systemId : "";
-}
+using Node = XmlNode;
 
 /// The whitespace-separated words of `text` as numbers; false if one is not a number.
 bool numbers(const std::string& text, std::vector<double>& out) {
@@ -209,17 +148,8 @@ public:
 } // namespace
 
 std::vector<std::string> jvxProblems(std::string_view text) {
-    Tree tree;
-    std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(XML_ParserCreate("UTF-8"),
-                                                                   XML_ParserFree);
-    tree.parser = parser.get();
-    XML_SetUserData(parser.get(), &tree);
-    XML_SetElementHandler(parser.get(), onStart, onEnd);
-    XML_SetCharacterDataHandler(parser.get(), onText);
-    XML_SetStartDoctypeDeclHandler(parser.get(), onDoctype);
-    if (XML_Parse(parser.get(), text.data(), static_cast<int>(text.size()), 1) != XML_STATUS_OK)
-        return {"line " + std::to_string(XML_GetCurrentLineNumber(parser.get())) +
-                ": not well-formed: " + XML_ErrorString(XML_GetErrorCode(parser.get()))};
+    XmlTree tree;
+    if (std::string error = parseXmlTree(text, tree); !error.empty()) return {error};
 
     Checker check;
     const std::string dtd = "/rsrc/jvx.dtd";
