@@ -13,10 +13,6 @@ namespace {
 const RGBA red(255, 0, 0, 255);
 const RGBA blue(0, 0, 255, 255);
 
-void set(PlotElement* e, Token name, const char* text) {
-    e->setAttributeString(name, text);
-}
-
 } // namespace
 
 TEST(PrimitiveTree, ConstructorValuesUntilInserted) {

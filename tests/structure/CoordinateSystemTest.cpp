@@ -24,10 +24,6 @@ template <class T> T* systemIn(Page& p, Token sceneTag, Token tag) {
     return p.add<T>(p.add(p.canvas, sceneTag), tag);
 }
 
-void set(PlotElement* e, Token name, const char* text) {
-    e->setAttributeString(name, text);
-}
-
 } // namespace
 
 TEST(CoordinateSystem, StyleOfTheSceneThenOfThePage) {

@@ -23,10 +23,6 @@ using Arbor::DomException;
 
 namespace {
 
-void set(PlotElement* e, Token name, const char* text) {
-    e->setAttributeString(name, text);
-}
-
 template <class Base> struct Probe : Base {
     explicit Probe(Arbor::Document* d) : Base(d) {}
     using Base::allowedOptionChildren;

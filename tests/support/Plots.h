@@ -60,6 +60,11 @@ template <class T = PlotElement> Ref<T> make(ElementDocument& doc, Token tag) {
     return Ref<T>(static_cast<T*>(doc.createPlotElement(tag)));
 }
 
+/// Sets `name` of `e` from its text, as a file states it.
+inline void set(PlotElement* e, Token name, const char* text) {
+    e->setAttributeString(name, text);
+}
+
 /// Names each AfterPropertyChangeEvent "who.Property": the element's id, else its tag and its
 /// parent's tag ("Arc2d@Img2d.LineWidth").
 struct Heard : Arbor::IDocObserver {
