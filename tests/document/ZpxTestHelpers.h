@@ -61,6 +61,15 @@ inline bool isFreshCanvas(PlotDocument& doc) {
     return true;
 }
 
+/// The first element named `tag` below `from`, depth first in document order.
+inline PlotElement* find(Arbor::Node* from, Arbor::Token tag) {
+    for (Arbor::Node* n = from->firstChild(); n; n = n->nextSibling()) {
+        if (n->nodeName() == tag) return PlotElement::from(n);
+        if (PlotElement* below = find(n, tag)) return below;
+    }
+    return nullptr;
+}
+
 // Test stand-ins, registered only inside a TestClasses scope: a P2 list (tag Row1), a P3 list
 // (Row2), and a page that takes them, and objects directly, in place of the scenes and
 // coordinate systems.

@@ -13,6 +13,7 @@
 #include <vector>
 
 using namespace Grafel;
+using ZpxTest::find;
 
 namespace {
 
@@ -72,15 +73,6 @@ struct Case {
     std::string document;
     std::vector<Step> steps;
 };
-
-/// The first element named `tag` below `node`, in document order.
-PlotElement* find(Arbor::Node* node, Arbor::Token tag) {
-    for (Arbor::Node* n = node->firstChild(); n; n = n->nextSibling()) {
-        if (n->nodeName() == tag) return PlotElement::from(n);
-        if (PlotElement* below = find(n, tag)) return below;
-    }
-    return nullptr;
-}
 
 bool same(double a, double b) {
     return (std::isnan(a) && std::isnan(b)) || a == b;

@@ -21,15 +21,6 @@ template <class T> Ref<T> make(PlotDocument& doc, Arbor::Token tag) {
     return Ref<T>(static_cast<T*>(doc.createPlotElement(tag)));
 }
 
-/// The first element named `tag` below `from`, in document order.
-PlotElement* find(Arbor::Node* from, Arbor::Token tag) {
-    for (Arbor::Node* n = from->firstChild(); n; n = n->nextSibling()) {
-        if (n->nodeName() == tag) return PlotElement::from(n);
-        if (PlotElement* e = find(n, tag)) return e;
-    }
-    return nullptr;
-}
-
 const char* const plot = R"(<Canvas version="1">
 <ObjStyle Type="Camera" KeepUpVector="0"/>
 <ObjStyle Type="Default" LightColor="#FF8000" KeepUpVector="1"/>

@@ -24,15 +24,6 @@ std::string scene(const std::string& primitives, const std::string& objectAttrib
            "</Img3d></Obj3d></CoordinateSystem3d></Scene3d></Canvas>";
 }
 
-/// The element of `tag` first met in document order below `from`.
-PlotElement* find(Arbor::Node* from, Arbor::Token tag) {
-    for (Arbor::Node* n = from->firstChild(); n; n = n->nextSibling()) {
-        if (n->asElement() && n->asElement()->tagName() == tag) return PlotElement::from(n);
-        if (PlotElement* e = find(n, tag)) return e;
-    }
-    return nullptr;
-}
-
 } // namespace
 
 // Each refusal leaves an empty page behind, with the element's own report or none.
