@@ -60,8 +60,6 @@ TEST(TokenCatalogue, EveryTextAndIdRoundTrip) {
 
 // Words reserved for events and errors stay out of the catalogue.
 TEST(TokenCatalogue, ReservedWordsAreNotInTheCatalogue) {
-    EXPECT_STREQ(tok_AfterPropertyChange.c_str(), "AfterPropertyChange");
-    EXPECT_STREQ(err_MarginTooLarge.c_str(), "err_MarginTooLarge");
     EXPECT_EQ(getTokenId("AfterPropertyChange"), 0);
     EXPECT_EQ(getTokenId("err_MarginTooLarge"), 0);
 }
