@@ -18,6 +18,7 @@
 #include <clocale>
 #include <cmath>
 #include <cstring>
+#include <exception>
 #include <langinfo.h>
 
 namespace Grafel {
@@ -406,6 +407,9 @@ bool ZpaParser::parse() {
     } catch (const ParseErr& e) {
         errorCause_ = e.cause;
     } catch (const DomException&) {
+        errorCause_ = 4;
+    } catch (const std::exception&) {
+        // A failed allocation: the input cannot be held, which counts as a value out of range.
         errorCause_ = 4;
     }
     // What was read is dropped: an empty page, without the style library.

@@ -2,9 +2,9 @@
 // surfaces and point primitives with their sampled points, built into an ordinary plot tree.
 #pragma once
 
+#include <cstddef>
 #include <grafel/foundation/Points.h>
 #include <grafel/foundation/Rgba.h>
-#include <cstddef>
 #include <string>
 
 namespace Grafel {
@@ -18,9 +18,9 @@ class PlotDocument;
 ///
 /// A failure has no message, only a number, errorCause(): 2 the input ended inside or before a
 /// line that was needed, 3 a line without the form asked for (a wrong first line, a character
-/// -1 included), 4 a value out of range, an unsupported record, or a tree that refused a
-/// change. The document then holds a fresh, empty Canvas. parse() never resets the cause, so
-/// a parser that failed once still shows it after a later success.
+/// -1 included), 4 a value out of range, an unsupported record, a tree that refused a
+/// change, or a failed allocation. The document then holds a fresh, empty Canvas. parse() never
+/// resets the cause, so a parser that failed once still shows it after a later success.
 ///
 /// The document belongs to the host and must outlive the parser, as with the ZPX reader. A
 /// copy shares the document and has its own line and cause.

@@ -12,8 +12,10 @@ class ZpxParser : public Tessel::Xml::Parser {
 public:
     using Tessel::Xml::Parser::Parser;
 
-    /// parse() of the next piece of text; a DomException thrown while building the tree is
-    /// caught, the handler's cleanup() runs and the answer is false. Other exceptions pass.
+    /// parse() of the next piece of text; a DomException or another std::exception (a failed
+    /// allocation included) thrown while building the tree is caught, the handler's cleanup()
+    /// runs and the answer is false. Only the latter is reported, through a ZpxParserHandler,
+    /// as "out of memory" or "load failed: WHAT".
     bool parseSave(const char* data, int length, bool isFinal);
 };
 

@@ -22,6 +22,7 @@
 #include <cstdio>
 #include <cstring>
 #include <iterator>
+#include <new>
 #include <utility>
 
 namespace Grafel {
@@ -611,6 +612,13 @@ void ZpxParserHandler::endArray() {
     const std::size_t have = colors ? colorArray_->size() : densityArray_->size();
     if (cells > 0 && have < static_cast<std::size_t>(cells))
         illegalData(current_->tagName().c_str(), colors ? "colors missing" : "values missing");
+}
+
+void ZpxParserHandler::reportFailure(const std::exception& e) const {
+    if (dynamic_cast<const std::bad_alloc*>(&e))
+        error("out of memory\n");
+    else
+        error("load failed: %s\n", e.what());
 }
 
 void ZpxParserHandler::cleanup() {

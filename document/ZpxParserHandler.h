@@ -9,6 +9,7 @@
 #include <grafel/tessel/xml/SimpleDataHandler.h>
 
 #include <cstddef>
+#include <exception>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -98,6 +99,9 @@ public:
     void elementRun(int namespaceId, int nameId, Tessel::Xml::ElementRun& run) override;
 
     PlotDocument* document() const { return document_; }
+    /// Reports a load stopped by an exception the reader did not throw itself: "out of memory"
+    /// for a failed allocation, anything else as "load failed: WHAT".
+    void reportFailure(const std::exception& e) const;
 
 protected:
     /// Reports as described for the constructor; nothing without a handler.

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <random>
 #include <sstream>
 
@@ -270,6 +271,19 @@ TEST(ZpaReader, BadInputFailsCleanlyWithItsCause) {
     PlotDocument doc;
     EXPECT_EQ(load(doc, "Zeph-Ascii-Data\n\x01\n2 1\n", Path::Chars), 3);
     EXPECT_TRUE(isFreshCanvas(doc));
+    // A failed allocation mid-load is a value out of range.
+    struct Exhausted : CharParser {
+        using CharParser::CharParser;
+        bool readChar(int& c) override {
+            if (++read_ > 40) throw std::bad_alloc();
+            return CharParser::readChar(c);
+        }
+        int read_ = 0;
+    } exhausted(&doc, plane);
+    EXPECT_FALSE(exhausted.parse());
+    EXPECT_EQ(exhausted.errorCause(), 4);
+    EXPECT_TRUE(isFreshCanvas(doc));
+    EXPECT_EQ(doc.batchDepth(), 0);
     // A list count of -1 is an empty list, not a failure.
     EXPECT_EQ(load(doc, head2 + "1\n-1\n"), 0);
 }

@@ -8,8 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <random>
 #include <set>
+#include <stdexcept>
 
 using namespace Grafel;
 using namespace ZpxTest;
@@ -161,6 +163,30 @@ TEST_F(ZpxReader, RefusedContentLeavesAnEmptyPage) {
     fails("<Canvas Width='wide'/>");
     EXPECT_FALSE(messages().empty());
     fails("<Canvas><TimeRange><TimeRange/></TimeRange></Canvas>");
+}
+
+// A failed allocation deep in a load, as any exception the reader did not throw itself, ends
+// the load like a refused document: an empty page, a closed batch and one report.
+template <bool allocation> struct ThrowingHandler : TestHandler {
+    using TestHandler::TestHandler;
+    void startElement(int ns, int id, const std::vector<Tessel::Xml::Attribute>& a) override {
+        if (id == id_Obj2d && allocation) throw std::bad_alloc();
+        if (id == id_Obj2d) throw std::length_error("no room");
+        TestHandler::startElement(ns, id, a);
+    }
+};
+
+TEST_F(ZpxReader, ForeignExceptionsFailTheLoad) {
+    const std::string text = "<Canvas Width='50'><TimeRange/><Scene2d/>"
+                             "<Obj2d Type='Curve2d'/></Canvas>";
+    ASSERT_TRUE(load(doc, "<Canvas Width='40'><TimeRange/></Canvas>"));
+    EXPECT_FALSE(load<ThrowingHandler<true>>(doc, text, false, 7));
+    EXPECT_TRUE(isFreshCanvas(doc));
+    EXPECT_EQ(doc.batchDepth(), 0);
+    EXPECT_EQ(messages(), std::vector<std::string>{"out of memory\n"});
+    EXPECT_FALSE(load<ThrowingHandler<false>>(doc, text));
+    EXPECT_TRUE(isFreshCanvas(doc));
+    EXPECT_EQ(messages(), std::vector<std::string>{"load failed: no room\n"});
 }
 
 TEST_F(ZpxReader, RootAndClassProblems) {
