@@ -26,7 +26,10 @@ class Range;
 /// Batches. beginBatchChanges()/endBatchChanges() nest. While a batch is open, events are held
 /// back (copied, in order, with their target kept alive) and functors given to postFunction()
 /// wait; when the outermost batch closes, the held events and functors are delivered and run in
-/// the order they came. An event that nobody observes when it is fired is not held.
+/// the order they came. An event that nobody observes when it is fired is not held. An event
+/// with a coalescing key (DomEvent::coalescingKey) that repeats one already held in the same
+/// outermost batch (same target, type and key) is dropped: it is delivered once, at the place
+/// of its first firing. Events without a key, and events outside batches, are all delivered.
 ///
 /// Undo. Nothing is recorded until newUndoTask() opens a task; from then on every guarded
 /// change (attribute set or removal, child change) joins the open task, and each
