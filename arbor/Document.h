@@ -92,6 +92,9 @@ public:
     /// Forgets a range made by createRange().
     void deleteRange(Range* range);
 
+    /// Closes the open task (when it holds anything) and opens the next. For a step bounded by
+    /// a block of code, UndoTaskScope (UndoTaskScope.h) opens and closes it, also when an
+    /// exception leaves the block.
     void newUndoTask();
     void clearUndoStack();
     bool canUndo() const;
@@ -138,6 +141,7 @@ private:
     friend class Node;
     friend class InnerNode;
     friend class Element;
+    friend class UndoTaskScope;
     class AttributeRecord;
     class ChildRecord;
 
@@ -146,6 +150,9 @@ private:
                          Variant newValue);
     void recordChildren(InnerNode* parent, unsigned index, std::vector<Ref<Node>> removed,
                         std::vector<Ref<Node>> inserted);
+    // Called by UndoTaskScope: the outermost scope opens a task and closes it again.
+    void openUndoScope();
+    void closeUndoScope() noexcept;
     // Called by the raw child change, so that ranges follow every change, replayed ones too.
     bool hasRanges() const;
     void adjustRanges(InnerNode* parent, unsigned index, Node* removedFirst, unsigned removed,
