@@ -29,7 +29,7 @@ Document::~Document() {
 }
 
 Node* Document::cloneNode(bool) const {
-    return nullptr;
+    throw DomException(DomException::NotSupportedErr);
 }
 
 Token Document::nodeName() const {

@@ -50,6 +50,8 @@ class Document : public InnerNode {
 public:
     ~Document() override;
 
+    /// Refused: a document cannot be cloned, since the tree of a subclass's elements is more
+    /// than the kernel can copy. Throws DomException(NotSupportedErr), never answers null.
     Node* cloneNode(bool deep) const override;
     long nodeType() const override { return DocumentNode; }
     Token nodeName() const override;
@@ -134,6 +136,7 @@ public:
 
 protected:
     Document();
+    /// Copies the XML namespace only: no tree, observers, history or ranges.
     Document(const Document& other);
     Document& operator=(const Document& other);
 
