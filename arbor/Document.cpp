@@ -29,7 +29,7 @@ Document::~Document() {
 }
 
 Node* Document::cloneNode(bool) const {
-    return nullptr;
+    throw DomException(DomException::NotSupportedErr);
 }
 
 Token Document::nodeName() const {
@@ -68,6 +68,7 @@ const std::string& Document::xmlNamespace() const {
 void Document::tearDown() {
     state_->ranges.clear();
     state_->held.clear();
+    state_->heldKeys.clear();
     state_->openTask.clear();
     state_->undoStack.clear();
     state_->redoStack.clear();
@@ -135,6 +136,9 @@ void Document::deliver(DomEvent& event) {
 void Document::fireEvent(DomEvent& event) {
     if (!observed(event.type())) return;
     if (state_->batchDepth > 0) {
+        const Token key = event.coalescingKey();
+        if (!key.isNull() && !state_->heldKeys.insert({event.target(), event.type(), key}).second)
+            return;
         state_->held.push_back({Ref<Element>(event.target()), event.clone(), nullptr});
         return;
     }
@@ -152,6 +156,7 @@ void Document::endBatchChanges() {
     if (s.batchDepth == 0 || --s.batchDepth > 0) return;
     std::vector<State::Held> held;
     held.swap(s.held);
+    s.heldKeys.clear();
     for (auto& h : held) {
         if (h.event)
             deliver(*h.event);

@@ -26,7 +26,10 @@ class Range;
 /// Batches. beginBatchChanges()/endBatchChanges() nest. While a batch is open, events are held
 /// back (copied, in order, with their target kept alive) and functors given to postFunction()
 /// wait; when the outermost batch closes, the held events and functors are delivered and run in
-/// the order they came. An event that nobody observes when it is fired is not held.
+/// the order they came. An event that nobody observes when it is fired is not held. An event
+/// with a coalescing key (DomEvent::coalescingKey) that repeats one already held in the same
+/// outermost batch (same target, type and key) is dropped: it is delivered once, at the place
+/// of its first firing. Events without a key, and events outside batches, are all delivered.
 ///
 /// Undo. Nothing is recorded until newUndoTask() opens a task; from then on every guarded
 /// change (attribute set or removal, child change) joins the open task, and each
@@ -47,6 +50,8 @@ class Document : public InnerNode {
 public:
     ~Document() override;
 
+    /// Refused: a document cannot be cloned, since the tree of a subclass's elements is more
+    /// than the kernel can copy. Throws DomException(NotSupportedErr), never answers null.
     Node* cloneNode(bool deep) const override;
     long nodeType() const override { return DocumentNode; }
     Token nodeName() const override;
@@ -89,6 +94,9 @@ public:
     /// Forgets a range made by createRange().
     void deleteRange(Range* range);
 
+    /// Closes the open task (when it holds anything) and opens the next. For a step bounded by
+    /// a block of code, UndoTaskScope (UndoTaskScope.h) opens and closes it, also when an
+    /// exception leaves the block.
     void newUndoTask();
     void clearUndoStack();
     bool canUndo() const;
@@ -128,6 +136,7 @@ public:
 
 protected:
     Document();
+    /// Copies the XML namespace only: no tree, observers, history or ranges.
     Document(const Document& other);
     Document& operator=(const Document& other);
 
@@ -135,6 +144,7 @@ private:
     friend class Node;
     friend class InnerNode;
     friend class Element;
+    friend class UndoTaskScope;
     class AttributeRecord;
     class ChildRecord;
 
@@ -143,6 +153,9 @@ private:
                          Variant newValue);
     void recordChildren(InnerNode* parent, unsigned index, std::vector<Ref<Node>> removed,
                         std::vector<Ref<Node>> inserted);
+    // Called by UndoTaskScope: the outermost scope opens a task and closes it again.
+    void openUndoScope();
+    void closeUndoScope() noexcept;
     // Called by the raw child change, so that ranges follow every change, replayed ones too.
     bool hasRanges() const;
     void adjustRanges(InnerNode* parent, unsigned index, Node* removedFirst, unsigned removed,

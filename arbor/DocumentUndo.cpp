@@ -117,6 +117,21 @@ void Document::newUndoTask() {
     s.recording = true;
 }
 
+void Document::openUndoScope() {
+    if (state_->undoScopes == 0) newUndoTask();
+    ++state_->undoScopes;
+}
+
+void Document::closeUndoScope() noexcept {
+    if (state_->undoScopes == 0 || --state_->undoScopes > 0) return;
+    try {
+        newUndoTask();
+    } catch (...) {
+        // Only the growth of the history can fail here; the changes stay in the open task,
+        // which the next newUndoTask() or undo() closes.
+    }
+}
+
 void Document::clearUndoStack() {
     state_->openTask.clear();
     state_->undoStack.clear();

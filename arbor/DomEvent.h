@@ -19,6 +19,10 @@ public:
     virtual bool canceled() const { return false; }
     /// A copy of the same class.
     virtual std::unique_ptr<DomEvent> clone() const { return std::make_unique<DomEvent>(*this); }
+    /// What makes two held events of this type and target the same news: while a batch is
+    /// open, an event whose key is not null is held only the first time its target, type and
+    /// key are seen. The null key (the default) keeps every delivery.
+    virtual Token coalescingKey() const noexcept { return Token(); }
 
     Element* target() const noexcept { return target_; }
     Token type() const noexcept { return type_; }

@@ -14,6 +14,8 @@ const char* DomException::what() const noexcept {
         return "DOM exception 7: no modification allowed";
     case NotFoundErr:
         return "DOM exception 8: not found";
+    case NotSupportedErr:
+        return "DOM exception 9: not supported";
     case SyntaxErr:
         return "DOM exception 12: syntax error";
     case InvalidAccessErr:

@@ -14,6 +14,7 @@ public:
         WrongDocumentErr = 4,
         NoModificationAllowedErr = 7,
         NotFoundErr = 8,
+        NotSupportedErr = 9,
         SyntaxErr = 12,
         InvalidAccessErr = 15,
     };

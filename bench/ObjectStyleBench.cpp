@@ -159,4 +159,51 @@ void InheritedOverOwnRatio(benchmark::State& state) {
 }
 BENCHMARK(InheritedOverOwnRatio)->Unit(benchmark::kMillisecond)->Iterations(20);
 
+// A style above `state.range(0)` objects, observed, set and removed again: once as two plain
+// edits, once as the same edits in one batch, in turns within each iteration. In the batch
+// each object's two events are the same news and are delivered once, so the batch holds as
+// many distinct events as there are objects. The counter "ratio" is the batch's time over the
+// plain edits'; it stays flat as the objects grow when holding an event costs the same however
+// many are held.
+void BatchedOverPlainStyleEditRatio(benchmark::State& state) {
+    struct Count : Arbor::IDocObserver {
+        long heard = 0;
+        void handleEvent(Arbor::DomEvent&) override { ++heard; }
+    } count;
+    ElementDocument doc;
+    Ref<Level> top = new Level(&doc, tok_Group2d);
+    Ref<ObjStyle> style = static_cast<ObjStyle*>(doc.createPlotElement(tok_ObjStyle));
+    style->setAttribute(tok_Type, Arbor::TokenVariant(tok_Function2d));
+    top->appendChild(style.get());
+    for (long k = 0; k < state.range(0); ++k) {
+        Ref<PlotElement> o = doc.createPlotElement(tok_Obj2d);
+        o->setAttribute(tok_Type, Arbor::TokenVariant(tok_Function2d));
+        top->appendChild(o.get());
+    }
+    doc.addObserver(&count, tok_AfterPropertyChange);
+    auto edit = [&] {
+        style->setAttribute(tok_LineWidth, Arbor::DoubleVariant(2.0));
+        style->removeAttribute(tok_LineWidth);
+    };
+    double plainTime = 0, batchTime = 0;
+    for (auto _ : state) {
+        const double t0 = cpuSeconds();
+        edit();
+        const double t1 = cpuSeconds();
+        doc.beginBatchChanges();
+        edit();
+        doc.endBatchChanges();
+        const double t2 = cpuSeconds();
+        plainTime += t1 - t0;
+        batchTime += t2 - t1;
+    }
+    doc.removeObserver(&count, tok_AfterPropertyChange);
+    state.counters["ratio"] = batchTime / plainTime;
+}
+BENCHMARK(BatchedOverPlainStyleEditRatio)
+    ->Arg(100)
+    ->Arg(1000)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(20);
+
 } // namespace

@@ -19,8 +19,12 @@ public:
 
     /// An empty document, written in the namespace of the ZPX dialect.
     PlotDocument();
-    PlotDocument(const PlotDocument& other) = default;
-    PlotDocument& operator=(const PlotDocument& other) = default;
+    /// Not copyable: the tree, its history and its observers belong to one document, and a
+    /// copy that carried only the handler would be an empty plot. cloneNode() of a document
+    /// throws DomException(NotSupportedErr) for the same reason. To duplicate a plot, write it
+    /// with putXml() and read the text into a new document.
+    PlotDocument(const PlotDocument&) = delete;
+    PlotDocument& operator=(const PlotDocument&) = delete;
     ~PlotDocument() override;
 
     /// The ObjType entry of `type` in the process-wide catalogue, or null. It does not read

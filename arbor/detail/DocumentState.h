@@ -5,8 +5,11 @@
 #include <grafel/arbor/Element.h>
 #include <grafel/arbor/Range.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace Arbor {
@@ -54,11 +57,29 @@ struct Document::State {
     int delivering = 0; // nesting of event deliveries
     bool observersRemoved = false;
 
+    // Target, type and coalescing key of a held event.
+    struct HeldKey {
+        const Element* target;
+        Token type;
+        Token key;
+        bool operator==(const HeldKey&) const = default;
+    };
+    struct HeldKeyHash {
+        size_t operator()(const HeldKey& k) const noexcept {
+            size_t h = std::hash<const void*>()(k.target);
+            h = h * 31 + std::hash<Token>()(k.type);
+            return h * 31 + std::hash<Token>()(k.key);
+        }
+    };
+
     int batchDepth = 0;
     std::vector<Held> held;
+    // The keys of the coalescing events in `held`, so that a repeat is found in constant time.
+    std::unordered_set<HeldKey, HeldKeyHash> heldKeys;
 
     bool recording = false; // an undo task is open
     bool replaying = false; // undo or redo is running
+    int undoScopes = 0;     // open UndoTaskScopes
     UndoTask openTask;
     std::vector<UndoTask> undoStack;
     std::vector<UndoTask> redoStack;

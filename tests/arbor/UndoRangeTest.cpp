@@ -2,10 +2,13 @@
 
 #include <grafel/arbor/DocumentFragment.h>
 #include <grafel/arbor/Range.h>
+#include <grafel/arbor/UndoTaskScope.h>
 
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <stdexcept>
+#include <type_traits>
 
 using namespace KernelTest;
 
@@ -85,6 +88,56 @@ TEST(Undo, ReplayRunsTheAfterWalksAndNotifiesOnceTheStepIsDone) {
     doc.undo();
     EXPECT_EQ(doc.log.lines, (std::vector<std::string>{"c.afterParentChanged"}));
     EXPECT_EQ(root->firstChild(), c.get());
+}
+
+static_assert(!std::is_copy_constructible_v<UndoTaskScope> &&
+              !std::is_copy_assignable_v<UndoTaskScope> &&
+              std::is_nothrow_move_constructible_v<UndoTaskScope>);
+
+TEST(Undo, AScopeMakesOneStepNestedScopesJoinItAndAnExceptionStillClosesIt) {
+    LoggingDocument doc;
+    Ref<Element> root = doc.make("r");
+    doc.appendChild(root.get());
+    doc.newUndoTask();
+    root->setAttribute(tok("v"), LongVariant(1)); // a step of its own, before the scope
+    const std::string before = xml(doc);
+    {
+        UndoTaskScope scope(doc);
+        root->setAttribute(tok("v"), LongVariant(2));
+        {
+            UndoTaskScope inner(doc); // joins the outer step rather than splitting it
+            root->appendChild(doc.make("a"));
+        }
+        root->setAttribute(tok("w"), BoolVariant(true));
+        UndoTaskScope moved = std::move(scope); // the moved-from scope closes nothing
+        root->appendChild(doc.make("b"));
+    }
+    const std::string after = xml(doc);
+    EXPECT_TRUE(root->hasAttribute(tok("w")));
+    EXPECT_EQ(root->items(), 2u);
+    root->setAttribute(tok("v"), LongVariant(3)); // after the scope: the next step
+    ASSERT_TRUE(doc.undo());
+    EXPECT_EQ(xml(doc), after);
+    ASSERT_TRUE(doc.undo());
+    EXPECT_EQ(xml(doc), before);
+    ASSERT_TRUE(doc.redo());
+    EXPECT_EQ(xml(doc), after);
+
+    // An exception leaving the scope closes the step with what was done before it.
+    const std::string beforeThrow = xml(doc);
+    EXPECT_THROW(
+        {
+            UndoTaskScope scope(doc);
+            root->appendChild(doc.make("c"));
+            root->removeAttribute(tok("w"));
+            throw std::runtime_error("edit failed");
+        },
+        std::runtime_error);
+    root->setAttribute(tok("x"), LongVariant(0)); // not part of the failed step
+    ASSERT_TRUE(doc.undo());
+    EXPECT_EQ(xml(doc), "<r v=\"2\"><a></a><b></b><c></c></r>\n");
+    ASSERT_TRUE(doc.undo());
+    EXPECT_EQ(xml(doc), beforeThrow);
 }
 
 TEST(Undo, AMoveAndAFragmentInsertUndoToTheExactFormerTree) {

@@ -1,5 +1,6 @@
 #include "document/ZpxTestHelpers.h"
 
+#include <grafel/arbor/DomException.h>
 #include <grafel/arbor/Range.h>
 #include <grafel/document/PlotDocument.h>
 #include <grafel/structure/Canvas.h>
@@ -8,6 +9,7 @@
 
 #include <cmath>
 #include <sstream>
+#include <type_traits>
 
 using namespace Grafel;
 using Arbor::Ref;
@@ -37,6 +39,25 @@ TEST(PlotDocument, WithoutADocumentElementEverythingIsQuiet) {
     // Tokens without a class make nothing, and say nothing.
     for (Arbor::Token t : {tok_P2, tok_Circle2d, tok_Dashed, Arbor::Token()})
         EXPECT_EQ(doc.createElement(t), nullptr);
+}
+
+// A copy could not carry the tree, its history or its observers: copying does not compile,
+// and cloning a document is refused rather than answered with null.
+static_assert(!std::is_copy_constructible_v<PlotDocument> &&
+              !std::is_copy_assignable_v<PlotDocument>);
+
+TEST(PlotDocument, CloningADocumentIsRefusedLoudly) {
+    PlotDocument doc;
+    doc.appendChild(Ref<PlotElement>(doc.createPlotElement(tok_Canvas)).get());
+    for (bool deep : {true, false}) {
+        try {
+            Arbor::Node* clone = doc.cloneNode(deep);
+            ADD_FAILURE() << "cloneNode(" << deep << ") answered " << clone;
+        } catch (const Arbor::DomException& e) {
+            EXPECT_EQ(e.code(), Arbor::DomException::NotSupportedErr);
+        }
+    }
+    EXPECT_NE(doc.documentElement(), nullptr);
 }
 
 TEST(PlotDocument, ReportsGoToTheHandlerPrefixFirst) {

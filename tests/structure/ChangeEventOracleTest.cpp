@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
@@ -158,11 +159,18 @@ struct Oracle {
             const std::vector<Arbor::Variant> before = snapshot();
             tally.heard.clear();
             const std::string what = step();
+            // Undo, redo and batches deliver when they end, each element and property once.
+            const bool batched =
+                what.starts_with("batch") || what.starts_with("undo") || what.starts_with("redo");
             const std::vector<Arbor::Variant> after = snapshot();
             for (size_t k = 0; k < places.size(); ++k) {
                 const auto& [e, name] = places[k];
                 const auto found = tally.heard.find({e, name});
                 const long heard = found == tally.heard.end() ? 0 : found->second;
+                if (batched && heard > 1)
+                    return ::testing::AssertionFailure()
+                           << "step " << s << " (" << what << "): " << who(e, name) << " heard "
+                           << heard << " times";
                 if (before[k] == after[k]) {
                     extra += heard;
                     continue;
@@ -203,4 +211,70 @@ TEST(ChangeEvents, EveryElementWhoseValueChangesHearsOfItUndoAndRedoIncluded) {
     // Extra events are allowed (the rules tell some elements whose value stayed, and tell a
     // few twice); the count is printed so that a change in it is seen.
     std::printf("[ change events ] %ld extra events over 3000 steps\n", oracle.extra);
+}
+
+namespace {
+
+// The events heard, in order, as "who.Property#element" (elements without an id share a name).
+struct Sequence : Arbor::IDocObserver {
+    std::vector<std::string> heard;
+    void handleEvent(Arbor::DomEvent& e) override {
+        std::ostringstream s;
+        s << Oracle::who(PlotElement::from(e.target()),
+                         static_cast<Arbor::DomAttributeEvent&>(e).attribute())
+          << '#' << static_cast<const void*>(e.target());
+        heard.push_back(s.str());
+    }
+};
+
+std::vector<std::string> firstOnly(const std::vector<std::string>& events) {
+    std::vector<std::string> out;
+    for (const std::string& e : events)
+        if (std::find(out.begin(), out.end(), e) == out.end()) out.push_back(e);
+    return out;
+}
+
+std::vector<std::string> sorted(std::vector<std::string> events) {
+    std::sort(events.begin(), events.end());
+    return events;
+}
+
+} // namespace
+
+TEST(ChangeEvents, ABatchDeliversEachElementAndPropertyOnceInTheOrderOfFirstFiring) {
+    Oracle oracle(seedToUse());
+    PlotDocument& doc = oracle.doc;
+    Sequence seq;
+    doc.addObserver(&seq, tok_AfterPropertyChange);
+    // The Default style of the page: its change reaches every object below several levels of
+    // styles, and each of them once per level on the way.
+    Arbor::Node* style = doc.documentElement()->findChild(tok_ObjStyle);
+    ASSERT_NE(style, nullptr);
+    auto* styleElement = PlotElement::from(style);
+
+    styleElement->setAttributeString(tok_LineWidth, "0.7");
+    const std::vector<std::string> plain = seq.heard;
+    const std::vector<std::string> once = firstOnly(plain);
+    ASSERT_GT(once.size(), 3u);
+    EXPECT_GT(plain.size(), once.size()); // outside a batch every firing is delivered
+    doc.newUndoTask();
+    ASSERT_TRUE(doc.undo());
+
+    seq.heard.clear();
+    doc.beginBatchChanges();
+    doc.beginBatchChanges();
+    styleElement->setAttributeString(tok_LineWidth, "0.7");
+    doc.endBatchChanges();
+    EXPECT_TRUE(seq.heard.empty());                         // held until the outermost batch closes
+    styleElement->setAttributeString(tok_LineWidth, "0.7"); // the same news again: no repeat
+    doc.endBatchChanges();
+    EXPECT_EQ(seq.heard, once);
+
+    for (bool undo : {true, false}) {
+        doc.newUndoTask();
+        seq.heard.clear();
+        ASSERT_TRUE(undo ? doc.undo() : doc.redo());
+        EXPECT_EQ(sorted(seq.heard), sorted(once)) << (undo ? "undo" : "redo");
+    }
+    doc.removeObserver(&seq, tok_AfterPropertyChange);
 }
