@@ -487,13 +487,14 @@ void ZpxParserHandler::splitWords(const char* text, std::size_t length) {
     const bool direct = arrayKind_ == ArrayKind::Density && plainNumbers_;
     while (p != end) {
         if (direct && wordBuffer_.empty()) {
-            // Numbers that end inside this piece are read where they stand, without a copy,
-            // and handed over a block at a time; one at the end of the piece may go on in the
-            // next, and an unusual one takes the general way below.
-            double block[256];
-            const std::size_t n = scanPlainWords(p, end, block, std::size(block));
-            densityArray_->append(block, n);
-            if (n == std::size(block)) continue;
+            // Numbers that end inside this piece are read where they stand, straight into the
+            // cells, a bounded block at a time so that the room taken follows the text seen;
+            // one at the end of the piece may go on in the next, and an unusual one takes the
+            // general way below.
+            constexpr std::size_t block = 4096;
+            const std::size_t n = scanPlainWords(p, end, densityArray_->spare(block), block);
+            densityArray_->grown(n);
+            if (n == block) continue;
         } else if (arrayKind_ == ArrayKind::Color && wordBuffer_.empty()) {
             p = splitColors(p, end);
         }

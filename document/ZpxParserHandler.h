@@ -29,6 +29,11 @@ public:
     virtual void push_back(RGBA color) = 0;
     /// Appends `count` cells at once, as push_back one after the other would.
     virtual void append(const RGBA* colors, std::size_t count) = 0;
+    /// Room for `count` more cells behind the last, which a reader fills in place and then
+    /// adds with grown(); valid until the next call that changes the cells.
+    virtual RGBA* spare(std::size_t count) = 0;
+    /// Adds the first `count` cells of the room spare() gave.
+    virtual void grown(std::size_t count) = 0;
     /// The number of cells held.
     virtual std::size_t size() const = 0;
     /// Gives back the storage beyond the cells held, once the element's text has been read.
@@ -44,6 +49,9 @@ public:
     virtual void push_back(double value) = 0;
     /// Appends `count` cells at once, as push_back one after the other would.
     virtual void append(const double* values, std::size_t count) = 0;
+    /// As ColorArrayInput::spare and grown.
+    virtual double* spare(std::size_t count) = 0;
+    virtual void grown(std::size_t count) = 0;
     virtual std::size_t size() const = 0;
     virtual void shrinkToFit() = 0;
 

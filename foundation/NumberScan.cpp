@@ -228,92 +228,150 @@ constexpr std::uint64_t eachByte(std::uint64_t b) {
     return b * 0x0101010101010101u;
 }
 
-// The number of decimal digits at the start of the eight characters in `word`. A byte is a
-// digit when its high nibble is 3 both as it is and with 6 added; a carry out of a byte only
-// happens for one that is no digit, so the bytes before the first non-digit are judged right.
-inline int leadingDigits(std::uint64_t word) {
-    const std::uint64_t high = eachByte(0xF0);
-    const std::uint64_t other =
-        ((word & high) ^ eachByte(0x30)) | (((word + eachByte(0x06)) & high) ^ eachByte(0x30));
-    return other ? std::countr_zero(other) >> 3 : 8;
-}
-
-// The value of the first `n` (0 to 7) digits in `word`. They are moved to the top so that the
-// bytes below them read as leading zeros, then combined pairwise, as four and as eight.
-inline std::uint64_t digitsValue(std::uint64_t word, int n) {
-    std::uint64_t v = ((word - eachByte(0x30)) << (8 * (7 - n))) << 8;
+// The value of the first `n` (0 to 8) digits in `word`. They are moved to the top so that the
+// bytes below them read as leading zeros (the subtraction borrows only from the bytes above the
+// digits, which the shift drops), then combined pairwise, as four and as eight.
+inline std::uint64_t digitsValue(std::uint64_t word, unsigned n) {
+    const unsigned half = 4 * (8 - n); // two shifts, as one of 64 bits is undefined
+    std::uint64_t v = ((word - eachByte(0x30)) << half) << half;
     v = v * 10 + (v >> 8);
     return ((v & 0x000000FF000000FFu) * (100 + (1000000ull << 32)) +
             ((v >> 16) & 0x000000FF000000FFu) * (1 + (10000ull << 32))) >>
            32;
 }
 
-// The same for a word of `length` characters that white space ends, its end known in advance:
-// the form is checked by its length, and nothing here depends on the word before, so the
-// processor may read several words at once. The caller guarantees 24 readable bytes at `p`.
-inline bool knownWord(const char* p, int length, double& value) {
-    static constexpr double powers[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7};
-    static constexpr std::uint64_t scales[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000};
-    const bool negative = *p == '-';
-    const char* q = p + negative;
-    const std::uint64_t whole = eightBytes(q);
-    const int n = leadingDigits(whole);
-    if (n == 8) return false;
-    std::uint64_t mantissa = digitsValue(whole, n);
-    const int rest = length - negative - n;
-    int k = 0;
-    if (rest != 0) {
-        if (q[n] != '.') return false;
-        const std::uint64_t fraction = eightBytes(q + n + 1);
-        k = leadingDigits(fraction);
-        if (k != rest - 1 || k == 8) return false;
-        mantissa = mantissa * scales[k] + digitsValue(fraction, k);
+// What the characters of 64 bytes of text are, a bit for each byte: white space, decimal
+// digits and points. A word's form is then checked with a few operations on these masks, and
+// the end of one word gives the start of the next without a look at the text.
+struct CharacterMasks {
+    std::uint64_t space = 0;
+    std::uint64_t digit = 0;
+    std::uint64_t point = 0;
+};
+
+inline CharacterMasks characterMasks(const char* p) {
+    CharacterMasks m;
+    for (unsigned i = 0; i < 64; i += 16) {
+#if defined(__SSE2__)
+        const __m128i c = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + i));
+        const auto is = [&](char x) { return _mm_cmpeq_epi8(c, _mm_set1_epi8(x)); };
+        const __m128i space =
+            _mm_or_si128(_mm_or_si128(is(' '), is('\n')), _mm_or_si128(is('\t'), is('\r')));
+        // Signed comparisons: bytes from 0x80 on are negative and so no digits.
+        const __m128i digit = _mm_and_si128(_mm_cmpgt_epi8(c, _mm_set1_epi8('0' - 1)),
+                                            _mm_cmplt_epi8(c, _mm_set1_epi8('9' + 1)));
+        const auto bits = [](__m128i x) {
+            return std::uint64_t(static_cast<unsigned>(_mm_movemask_epi8(x)));
+        };
+        m.space |= bits(space) << i;
+        m.digit |= bits(digit) << i;
+        m.point |= bits(is('.')) << i;
+#else
+        for (unsigned j = i; j < i + 16; ++j) {
+            m.space |= std::uint64_t(isXmlSpace(p[j])) << j;
+            m.digit |= std::uint64_t(isDigit(p[j])) << j;
+            m.point |= std::uint64_t(p[j] == '.') << j;
+        }
+#endif
     }
-    if (n + k == 0) return false;
-    const double v = static_cast<double>(static_cast<std::int64_t>(mantissa)) / powers[k];
-    value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(v) | std::uint64_t(negative) << 63);
+    return m;
+}
+
+// The word at bytes [s, e) of the 64 that `m` describes at `p`, when it is a short decimal:
+// an optional minus, at most eight digits, an optional point and at most eight digits behind
+// it, fifteen digits in all and one at least. Its digits then make an integer below 2^53 and
+// the point a division by an exact power of ten, so the quotient is the correctly rounded
+// value, the one strtod gives: `value` / `divisor`, which the caller computes. The caller
+// guarantees 80 readable bytes at `p` and e < 64.
+inline bool shortWord(const char* p, unsigned s, unsigned e, const CharacterMasks& m, double& value,
+                      double& divisor) {
+    // The sign goes with the divisor, which keeps the value out of the integer registers; a
+    // zero divided by a negative power is -0, as strtod reads "-0".
+    static constexpr double powers[2][9] = {{1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8},
+                                            {-1e0, -1e1, -1e2, -1e3, -1e4, -1e5, -1e6, -1e7, -1e8}};
+    static constexpr std::uint64_t scales[] = {1,      10,      100,      1000,     10000,
+                                               100000, 1000000, 10000000, 100000000};
+    const bool negative = p[s] == '-';
+    const unsigned first = s + negative;
+    const std::uint64_t body = (~std::uint64_t(0) << first) & ((std::uint64_t(1) << e) - 1);
+    const std::uint64_t points = body & m.point;
+    if ((body & ~(m.digit | m.point)) != 0 || (points & (points - 1)) != 0) return false;
+    const unsigned point = points ? unsigned(std::countr_zero(points)) : e;
+    const unsigned n = point - first;
+    const unsigned k = points ? e - point - 1 : 0;
+    if (n > 8 || k > 8 || n + k > 15 || n + k == 0) return false;
+    std::uint64_t mantissa;
+    if (n + k <= 8) {
+        // The digits behind the point take its place, one byte lower, so that one word holds
+        // them all; without a point only the first n bytes count, which are the integer's.
+        const std::uint64_t before = (std::uint64_t(1) << (4 * n) << (4 * n)) - 1;
+        mantissa = digitsValue(
+            (eightBytes(p + first) & before) | (eightBytes(p + first + 1) & ~before), n + k);
+    } else {
+        mantissa = digitsValue(eightBytes(p + first), n) * scales[k] +
+                   digitsValue(eightBytes(p + point + 1), k);
+    }
+    value = static_cast<double>(static_cast<std::int64_t>(mantissa));
+    divisor = powers[negative][k];
     return true;
 }
 
-// Bit i tells whether p[i] is white space, for 16 bytes.
-inline unsigned spaceMask(const char* p) {
-#if defined(__SSE2__)
-    const __m128i c = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
-    const __m128i space = _mm_or_si128(
-        _mm_or_si128(_mm_cmpeq_epi8(c, _mm_set1_epi8(' ')), _mm_cmpeq_epi8(c, _mm_set1_epi8('\n'))),
-        _mm_or_si128(_mm_cmpeq_epi8(c, _mm_set1_epi8('\t')),
-                     _mm_cmpeq_epi8(c, _mm_set1_epi8('\r'))));
-    return static_cast<unsigned>(_mm_movemask_epi8(space));
-#else
-    unsigned mask = 0;
-    for (int i = 0; i < 16; ++i) mask |= unsigned(isXmlSpace(p[i])) << i;
-    return mask;
-#endif
+// The words that end inside the 64 bytes at `q`, while they are short decimals and there is
+// room; `q` moves behind the last one read and its white space, or to the start of a word that
+// goes on beyond the bytes or is no short decimal. The next word's place comes from the masks,
+// so the reading of one word does not hold up the finding of the next. The divisions come last,
+// together: inside the loop their latency would keep the processor from working on several
+// words at once.
+inline std::size_t windowWords(const char*& q, double* values, std::size_t room) {
+    const CharacterMasks m = characterMasks(q);
+    double divisors[32]; // a word takes two bytes at least
+    std::size_t count = 0;
+    unsigned at = 0;
+    while (count != room) {
+        const std::uint64_t words = ~m.space & (~std::uint64_t(0) << at);
+        if (words == 0) {
+            at = 64;
+            break;
+        }
+        const unsigned s = unsigned(std::countr_zero(words));
+        const std::uint64_t spaces = m.space & (~std::uint64_t(0) << s);
+        if (spaces == 0) {
+            at = s;
+            break;
+        }
+        const unsigned e = unsigned(std::countr_zero(spaces));
+        if (!shortWord(q, s, e, m, values[count], divisors[count])) {
+            at = s;
+            break;
+        }
+        ++count;
+        at = e + 1;
+        if (at == 64) break;
+    }
+    q += at;
+    for (std::size_t i = 0; i < count; ++i) values[i] /= divisors[i];
+    return count;
 }
 
 } // namespace
 
 std::size_t scanPlainWords(const char*& p, const char* end, double* values, std::size_t room) {
-    // Room for what knownWord and spaceMask may look at, so that it needs no test of the end.
-    constexpr std::ptrdiff_t margin = 24;
+    // Room for what characterMasks and shortWord may look at, so that they need no test of the
+    // end.
+    constexpr std::ptrdiff_t margin = 80;
     std::size_t count = 0;
     const char* q = p;
     while (count != room) {
-        while (q != end && isXmlSpace(*q)) ++q;
-        if (q == end) break;
         if constexpr (std::endian::native == std::endian::little) {
-            // The end of the word is found first, apart from its digits, so that the next
-            // word need not wait for the reading of this one.
             if (end - q >= margin) {
-                const unsigned spaces = spaceMask(q);
-                const int length = std::countr_zero(spaces);
-                if (spaces != 0 && knownWord(q, length, values[count])) {
-                    ++count;
-                    q += length + 1;
-                    continue;
-                }
+                const char* before = q;
+                count += windowWords(q, values + count, room - count);
+                if (q != before) continue;
             }
         }
+        // A word the window could not take: one that is long, unusual, or near the end.
+        while (q != end && isXmlSpace(*q)) ++q;
+        if (q == end) break;
         const char* r = q;
         if (!plainNumber(r, end, values[count]) || r == end || !isXmlSpace(*r)) break;
         ++count;

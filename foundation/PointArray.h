@@ -89,6 +89,15 @@ public:
         std::memcpy(static_cast<void*>(data_ + size_), values, n * sizeof(T));
         size_ += n;
     }
+    /// Room for `n` more values behind the last, growing as append would; the values written
+    /// there belong to the array once grown() is told how many they are.
+    T* spare(std::size_t n) {
+        if (n > capacity() - size_)
+            grow(std::max(PointBlock::grownBytes(bytes_), bytesFor(size_ + n)));
+        return data_ + size_;
+    }
+    /// Takes the first `n` values of the room spare() gave.
+    void grown(std::size_t n) noexcept { size_ += n; }
     /// Makes room for `n` values in all.
     void reserve(std::size_t n) {
         if (n > capacity()) grow(bytesFor(n));

@@ -16,6 +16,8 @@ public:
     /// Appends a cell.
     void push_back(T cell) override { cells_.push_back(cell); }
     void append(const T* cells, std::size_t count) override { cells_.append(cells, count); }
+    T* spare(std::size_t count) override { return cells_.spare(count); }
+    void grown(std::size_t count) override { cells_.grown(count); }
     /// Number of cells.
     std::size_t size() const override { return cells_.size(); }
     void shrinkToFit() override { cells_.shrinkToFit(); }

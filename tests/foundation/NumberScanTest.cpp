@@ -214,7 +214,8 @@ TEST(NumberScan, LongFieldsReadAsSscanfReadsThem) {
 // read, which then needs the general way (or lies at the end of the text and may go on).
 TEST(NumberScan, PlainWordsReadAsSscanfReadsThem) {
     std::mt19937_64 random(777);
-    const char* const spaces[] = {" ", "\t", "\n", "\r", "  ", "\r\n"};
+    const std::string wide(70, ' '); // wider than the blocks the words are found in
+    const char* const spaces[] = {" ", "\t", "\n", "\r", "  ", "\r\n", wide.c_str()};
     for (int round = 0; round < 300; ++round) {
         std::vector<std::string> words;
         std::string text = random() % 2 ? "" : " ";
