@@ -16,6 +16,7 @@
 #include <cxxabi.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <memory>
 #include <sstream>
@@ -145,7 +146,13 @@ void writeMarkdown(std::ostream& out, const std::vector<ClassRow>& classes) {
            "record or plain `attribute`), its value type, its default as ZPX writes it, and the "
            "typed getter of "
            "the effective value.\n\n";
-    for (const ClassRow& c : classes) out << "- [" << c.tag << "](#" << c.tag << ")\n";
+    for (const ClassRow& c : classes) {
+        // Markdown renderers make a heading's anchor from its text in lower case.
+        std::string anchor = c.tag;
+        for (char& ch : anchor)
+            ch = static_cast<char>(std::tolower(static_cast<unsigned char>(ch)));
+        out << "- [" << c.tag << "](#" << anchor << ")\n";
+    }
     for (const ClassRow& c : classes) {
         out << "\n## " << c.tag << "\n\n";
         if (!c.base.empty()) out << "Builds on `" << c.base << "`.\n\n";
