@@ -71,7 +71,7 @@ PlotElement* Point3d::create(Arbor::Document* document) {
     return new Point3d(document);
 }
 
-GRAFEL_REGISTER_ELEMENT_CLASS(Point2d);
-GRAFEL_REGISTER_ELEMENT_CLASS(Point3d);
+GRAFEL_REGISTER_ELEMENT_CLASS(Point2d, SymbolicPoint);
+GRAFEL_REGISTER_ELEMENT_CLASS(Point3d, SymbolicPoint);
 
 } // namespace Grafel

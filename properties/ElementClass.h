@@ -45,7 +45,8 @@ protected:
     ElementClass& operator=(const ElementClass& other) = default;
 
 private:
-    inline static const bool listed_ = (registerElementClass(Tag, &Derived::create), true);
+    inline static const bool listed_ =
+        (registerElementClass(Tag, &Derived::create), registerElementBase(Tag, typeid(Base)), true);
 };
 
 } // namespace Grafel
@@ -69,7 +70,9 @@ public:                                                                         
     }
 
 /// Registers Class under the tag of the same name; placed once in the source file of a class
-/// that declares its tag and maker by hand.
-#define GRAFEL_REGISTER_ELEMENT_CLASS(Class)                                                       \
+/// that declares its tag and maker by hand. A second argument names the class it builds on.
+#define GRAFEL_REGISTER_ELEMENT_CLASS(Class, ...)                                                  \
     [[maybe_unused]] static const bool grafelRegistered##Class =                                   \
-        (::Grafel::registerElementClass(::Grafel::id_##Class, &Class::create), true)
+        (::Grafel::registerElementClass(::Grafel::id_##Class, &Class::create),                     \
+         __VA_OPT__(                                                                               \
+             ::Grafel::registerElementBase(::Grafel::id_##Class, typeid(__VA_ARGS__)), ) true)

@@ -4,6 +4,8 @@
 
 #include <grafel/foundation/Tokens.h>
 
+#include <typeinfo>
+
 namespace Arbor {
 class Document;
 }
@@ -21,5 +23,12 @@ void registerElementClass(int tokenId, ElementMaker maker) noexcept;
 
 /// The maker for the tag with that id, or null.
 ElementMaker elementMaker(int tokenId) noexcept;
+
+/// Records the C++ class that the class of the tag with id `tokenId` builds on, for references
+/// generated from the registry. Safe from static initialisers, as registerElementClass.
+void registerElementBase(int tokenId, const std::type_info& base) noexcept;
+
+/// The base recorded for the tag with that id, or null.
+const std::type_info* elementBase(int tokenId) noexcept;
 
 } // namespace Grafel

@@ -165,6 +165,6 @@ void ColorFunc::putCmd(CmdOStream& out) {
     out.endItem();
 }
 
-GRAFEL_REGISTER_ELEMENT_CLASS(ColorFunc);
+GRAFEL_REGISTER_ELEMENT_CLASS(ColorFunc, Expr);
 
 } // namespace Grafel

@@ -30,7 +30,9 @@
 #define GRAFEL_LIST_ADD_(K, Type, Name, Default, ...)                                              \
     {                                                                                              \
         static GRAFEL_LIST_TYPE_(K, Type) d(Default, ::Grafel::id_##Name);                         \
-        add(::Grafel::getToken(::Grafel::id_##Name), &d);                                          \
+        add(::Grafel::getToken(::Grafel::id_##Name), &d,                                           \
+            {"list", #Type,                                                                        \
+             GRAFEL_STRINGIZE_EXPANDED_(GRAFEL_GETTER_(Name __VA_OPT__(, ) __VA_ARGS__))});        \
     }
 
 /// In a class body: one typed getter per row. The class provides

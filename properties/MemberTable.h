@@ -100,6 +100,8 @@ template <class C> void baseTableRefresh(PlotElement* element) {
 #define GRAFEL_PICK_FIRST_(a, ...) a
 #define GRAFEL_CONCAT_(a, b) a##b
 #define GRAFEL_CONCAT_EXPANDED_(a, b) GRAFEL_CONCAT_(a, b)
+#define GRAFEL_STRINGIZE_(a) #a
+#define GRAFEL_STRINGIZE_EXPANDED_(a) GRAFEL_STRINGIZE_(a)
 #define GRAFEL_GETTER_(Name, ...)                                                                  \
     GRAFEL_CONCAT_EXPANDED_(get, GRAFEL_PICK_FIRST_(__VA_ARGS__ __VA_OPT__(, ) Name))
 
@@ -151,7 +153,10 @@ template <class C> void baseTableRefresh(PlotElement* element) {
                    Self::presencePtr(),                                                            \
                    Self::attributePtr<typename D::Value>(::Grafel::id_##Name),                     \
                    GRAFEL_ROW_DEFAULT_(__VA_ARGS__), ::Grafel::id_##Name);                         \
-        add(::Grafel::getToken(::Grafel::id_##Name), &d);                                          \
+        add(::Grafel::getToken(::Grafel::id_##Name), &d,                                           \
+            {"member", #Type,                                                                      \
+             GRAFEL_STRINGIZE_EXPANDED_(                                                           \
+                 GRAFEL_CONCAT_EXPANDED_(get, GRAFEL_ROW_GETTER_(Name, __VA_ARGS__)))});           \
     }
 
 // What every table class declares, the first of a chain and an extending one alike: the row

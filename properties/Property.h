@@ -20,6 +20,16 @@ class PlotElement;
 /// holds it by the element's inheritance rule, else the default.
 enum class Kind { Mandatory, Optional, Inherited };
 
+/// How the table that declared a descriptor names it in code, kept for references generated
+/// from the tables: the family, the descriptor type and the typed getter, as written there.
+struct PropertyOrigin {
+    /// "member" (a member of the element) or "list" (an attribute list's record).
+    const char* family = "";
+    const char* descriptor = "";
+    /// The typed getter, such as "getLineWidth".
+    const char* getter = "";
+};
+
 /// Abstract descriptor. Descriptors are static, built once when their class table fills, and
 /// hold no per-element data; the member family knows where in the element its value lives.
 /// The operations are declared in table order.
@@ -79,6 +89,8 @@ public:
     Arbor::Token name() const { return name_; }
     /// The default, without a copy.
     const Arbor::Variant& defaultRef() const { return default_; }
+    /// Where the descriptor was declared; empty texts for one added outside a table.
+    const PropertyOrigin& origin() const { return origin_; }
 
 protected:
     /// Reports through the element's document.
@@ -89,6 +101,10 @@ protected:
 
     Arbor::Token name_;
     Arbor::Variant default_;
+
+private:
+    friend class PropertyListMgr;
+    PropertyOrigin origin_;
 };
 
 } // namespace Grafel

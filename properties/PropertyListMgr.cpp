@@ -44,6 +44,11 @@ void PropertyListMgr::add(Arbor::Token name, Property* property) {
     entries_.insert(at, Entry(name, property));
 }
 
+void PropertyListMgr::add(Arbor::Token name, Property* property, const PropertyOrigin& origin) {
+    property->origin_ = origin;
+    add(name, property);
+}
+
 void PropertyListMgr::putAttributesXml(std::ostream& out, PlotElement* element) {
     for (const Entry& e : entries())
         if (element->hasAttribute(e.first)) e.second->putXmlMember(out, element);

@@ -17,6 +17,7 @@ namespace Grafel {
 
 class PlotElement;
 class Property;
+struct PropertyOrigin;
 
 /// One static instance per concrete subclass, whose fill() builds the descriptors and add()s
 /// them. Entries are kept sorted by token word, descending; tokens of the catalogue have
@@ -65,6 +66,8 @@ protected:
     virtual void fill() = 0;
     /// Registers a descriptor; a name added twice is found in its later entry.
     void add(Arbor::Token name, Property* property);
+    /// Registers a descriptor with the names its table row gives it.
+    void add(Arbor::Token name, Property* property, const PropertyOrigin& origin);
 
 private:
     void ensureFilled() {

@@ -31,6 +31,6 @@ bool Obj2d::allowedContentChild(Token tag) const {
            tag == tok_Img2d;
 }
 
-GRAFEL_REGISTER_ELEMENT_CLASS(Obj2d);
+GRAFEL_REGISTER_ELEMENT_CLASS(Obj2d, ObjectBase);
 
 } // namespace Grafel

@@ -31,6 +31,6 @@ bool Obj3d::allowedContentChild(Token tag) const {
            tag == tok_Img3d;
 }
 
-GRAFEL_REGISTER_ELEMENT_CLASS(Obj3d);
+GRAFEL_REGISTER_ELEMENT_CLASS(Obj3d, ObjectBase);
 
 } // namespace Grafel

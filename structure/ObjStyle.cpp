@@ -109,6 +109,6 @@ Token ObjStyle::getCmdType() {
     return getType();
 }
 
-GRAFEL_REGISTER_ELEMENT_CLASS(ObjStyle);
+GRAFEL_REGISTER_ELEMENT_CLASS(ObjStyle, StyleElement);
 
 } // namespace Grafel

@@ -21,7 +21,7 @@ void replaceChildrenByClonesRaw(Node* target, const Node* source) {
 
 } // namespace
 
-GRAFEL_REGISTER_ELEMENT_CLASS(TickPos);
+GRAFEL_REGISTER_ELEMENT_CLASS(TickPos, OptionedPlotElement);
 
 TickPos::TickPos(Arbor::Document* document) : OptionedPlotElement(document) {
     if (document)

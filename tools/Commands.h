@@ -19,5 +19,7 @@ int runInfo(Words args);
 int runProps(Words args);
 /// grafel times [--from T] [--backward] INPUT
 int runTimes(Words args);
+/// grafel classes [--markdown] [-o FILE]
+int runClasses(Words args);
 
 } // namespace GrafelTool

@@ -5,6 +5,7 @@
 
 #include <exception>
 #include <iostream>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -28,11 +29,13 @@ constexpr Command commands[] = {
     {"info", "summarise what a document holds", &runInfo},
     {"props", "show the properties an inspector lists for a type", &runProps},
     {"times", "list the moments at which an animation changes", &runTimes},
+    {"classes", "list the element classes and their properties", &runClasses},
 };
 
 void printHelp() {
     std::cout << "Usage: grafel COMMAND [OPTIONS] ARGUMENTS\n"
                  "       grafel COMMAND --help\n"
+                 "       grafel --help COMMAND\n"
                  "\n"
                  "Works on plot documents in the XML form ZPX.\n"
                  "\n"
@@ -53,8 +56,17 @@ int run(const std::vector<std::string_view>& args) {
     if (args.empty()) return usageError({}, "missing COMMAND");
     const std::string_view first = args.front();
     if (first == "--help" || first == "-h" || first == "help") {
-        printHelp();
-        return ExitOk;
+        if (args.size() == 1) {
+            printHelp();
+            return ExitOk;
+        }
+        // "grafel --help COMMAND" is "grafel COMMAND --help".
+        if (args.size() > 2) return usageError({}, "--help takes one COMMAND");
+        for (const Command& c : commands) {
+            static constexpr std::string_view help[] = {"--help"};
+            if (c.name == args[1]) return c.run(Words(help));
+        }
+        return usageError({}, "unknown command '" + std::string(args[1]) + "'");
     }
     if (first == "--version") {
         std::cout << "grafel " GRAFEL_VERSION "\n";

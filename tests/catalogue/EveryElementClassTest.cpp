@@ -10,7 +10,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cmath>
+#include <cstring>
 #include <set>
 #include <string>
 #include <vector>
@@ -157,6 +160,19 @@ TEST(EveryElementClass, PropertiesKeepTheirValuesThroughTextAndXml) {
             SCOPED_TRACE(name.text());
             const Property* d = lone->propertyInfo(name);
             EXPECT_EQ(d->name(), name);
+            // A table's descriptor names its typed getter: get and the name, which a row may
+            // capitalise.
+            if (*d->origin().family) {
+                const std::string getter = d->origin().getter;
+                EXPECT_TRUE(getter.size() == std::strlen(name.text()) + 3 &&
+                            getter.starts_with("get") &&
+                            std::equal(getter.begin() + 3, getter.end(), name.text(),
+                                       [](char a, char b) {
+                                           return std::tolower(static_cast<unsigned char>(a)) ==
+                                                  std::tolower(static_cast<unsigned char>(b));
+                                       }))
+                    << getter;
+            }
             EXPECT_TRUE(lone->hasProperty(name));
             // Present on a new element: the mandatory values but a Type, which its maker
             // states, and values that cannot be removed.

@@ -11,16 +11,24 @@ function(run)
 endfunction()
 
 run(${CMAKE_COMMAND} --install ${BINARY_DIR} --prefix ${prefix})
-foreach(f include/grafel/grafel.h lib/libgrafel.so lib/cmake/Grafel/GrafelConfig.cmake lib/pkgconfig/grafel.pc)
+foreach(f include/grafel/grafel.h lib/libgrafel.so lib/cmake/Grafel/GrafelConfig.cmake lib/pkgconfig/grafel.pc
+          share/man/man1/grafel.1)
   if(NOT EXISTS ${prefix}/${f})
     message(FATAL_ERROR "install is missing ${f}")
   endif()
 endforeach()
 
 run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/install/consumer -B ${WORK_DIR}/consumer -G ${GENERATOR}
-    -DCMAKE_PREFIX_PATH=${prefix})
+    -DCMAKE_PREFIX_PATH=${prefix} -DVIEWER_SOURCE=${SOURCE_DIR}/examples/viewer.cpp)
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/consumer)
 run(${WORK_DIR}/consumer/consumer)
+# The viewer on a bundled example: it edits, saves and reads back, and says so.
+execute_process(COMMAND ${WORK_DIR}/consumer/viewer ${SOURCE_DIR}/examples/polygons.zpx
+                  ${WORK_DIR}/viewer-out.zpx
+                RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
+if(NOT rc EQUAL 0 OR NOT err STREQUAL "" OR NOT out MATCHES "read back:\n.*Obj2d triangle")
+  message(FATAL_ERROR "the viewer example failed (${rc}):\n${out}\n${err}")
+endif()
 
 find_program(PKG_CONFIG pkg-config REQUIRED)
 set(ENV{PKG_CONFIG_PATH} ${prefix}/lib/pkgconfig)

@@ -166,6 +166,22 @@ group_usage() {
         expect_err_empty "help: $args"
         grep -q "^Usage: grafel" "$work/out" || fail "help: $args: no usage line"
     done
+    # "grafel --help COMMAND" gives exactly what "grafel COMMAND --help" gives, for each command
+    # the tool lists.
+    local name
+    run "$work" --help
+    for name in $(sed -n '/^Commands:/,/^$/p' "$work/out" | awk 'NF > 1 {print $1}'); do
+        run "$work" "$name" --help
+        cp "$work/out" "$work/help-after"
+        run "$work" --help "$name"
+        expect_rc "--help $name" 0
+        expect_same "--help $name" "$work/out" "$work/help-after"
+        grep -q "^Usage: grafel $name" "$work/out" || fail "--help $name: no usage line"
+    done
+    [ -n "${name:-}" ] || fail "--help lists no commands"
+    run "$work" --help frobnicate
+    expect_usage_error "--help unknown command" grafel "unknown command 'frobnicate'"
+
     run "$work" --version
     expect_rc "--version" 0
     grep -Eq '^grafel [0-9]+\.[0-9]+\.[0-9]+$' "$work/out" || fail "--version: $(cat "$work/out")"
