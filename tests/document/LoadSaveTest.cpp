@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -24,13 +25,6 @@ std::string saved(const PlotDocument& document, SaveOptions options = {}) {
     out << exactNumbers;
     EXPECT_TRUE(saveDocument(document, out, options));
     return out.str();
-}
-
-std::string fileText(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
 }
 
 LoadResult loadText(PlotDocument& document, const std::string& text) {
