@@ -64,9 +64,14 @@ TEST(LoadSave, EveryExampleLoadsAndIndentedTextLoadsToTheSameDocument) {
         PlotDocument reread;
         const LoadResult again = loadText(reread, indented);
         ASSERT_TRUE(again) << (again.diagnostics.empty() ? "" : again.diagnostics[0].text());
-        EXPECT_EQ(saved(reread), plain);
+        // A tree built from Zpa may write differently once read back as ZPX, so the indented
+        // text is held against the plain text read back.
+        PlotDocument plainReread;
+        ASSERT_TRUE(loadText(plainReread, plain));
+        EXPECT_EQ(saved(reread), saved(plainReread));
 
         std::ostringstream cmd;
+        cmd << exactNumbers;
         fromFile.putCmd(cmd, false);
         EXPECT_EQ(saved(fromFile, {SaveFormat::Cmd, false}), cmd.str());
     }
@@ -117,7 +122,8 @@ TEST(LoadSave, ReportsCarryPositionNamesAndValue) {
     ASSERT_EQ(zpa.diagnostics.size(), 1u);
     EXPECT_EQ(zpa.diagnostics[0].prefix, "Zpa error: ");
 
-    document.appendChild(document.createElement(Arbor::Token("ObjStyle")));
+    const Arbor::Ref<Arbor::Element> style(document.createElement(Arbor::Token("ObjStyle")));
+    document.documentElement()->appendChild(style.get());
     const LoadResult missing = loadDocument(document, examples / "no-such-file.zpx");
     EXPECT_FALSE(missing);
     ASSERT_EQ(missing.diagnostics.size(), 1u);
