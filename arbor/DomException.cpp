@@ -2,7 +2,37 @@
 
 namespace Arbor {
 
+DomException::DomException(long code, std::string_view message) : code_(code) {
+    if (message.empty()) return;
+    std::string text = "DOM exception " + std::to_string(code) + ": " + meaning(code) + ": ";
+    messageStart_ = text.size();
+    text += message;
+    what_ = std::make_shared<const std::string>(std::move(text));
+}
+
+const char* DomException::meaning(long code) noexcept {
+    switch (code) {
+    case IndexSizeErr:
+        return "index out of range";
+    case HierarchyRequestErr:
+        return "hierarchy request error";
+    case WrongDocumentErr:
+        return "wrong document";
+    case NoModificationAllowedErr:
+        return "no modification allowed";
+    case NotFoundErr:
+        return "not found";
+    case SyntaxErr:
+        return "syntax error";
+    case InvalidAccessErr:
+        return "invalid access";
+    default:
+        return "unknown code";
+    }
+}
+
 const char* DomException::what() const noexcept {
+    if (what_) return what_->c_str();
     switch (code_) {
     case IndexSizeErr:
         return "DOM exception 1: index out of range";
@@ -23,6 +53,11 @@ const char* DomException::what() const noexcept {
     default:
         return "DOM exception";
     }
+}
+
+std::string_view DomException::message() const noexcept {
+    if (!what_) return {};
+    return std::string_view(*what_).substr(messageStart_);
 }
 
 } // namespace Arbor

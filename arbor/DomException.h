@@ -2,6 +2,9 @@
 #pragma once
 
 #include <exception>
+#include <memory>
+#include <string>
+#include <string_view>
 
 namespace Arbor {
 
@@ -20,12 +23,23 @@ public:
     };
 
     explicit DomException(long code) noexcept : code_(code) {}
+    /// With the message that was reported when the operation was refused (no line end).
+    DomException(long code, std::string_view message);
     long code() const noexcept { return code_; }
-    /// "DOM exception N" with the code, for logs; the code is what callers test.
+    /// For logs: "DOM exception N: MEANING", and ": MESSAGE" after it when one was given, as
+    /// in "DOM exception 15: invalid access: unknown property 'Foo' [node 'Obj2d']". The code
+    /// is what callers test.
     const char* what() const noexcept override;
+    /// The message given at construction, or empty.
+    std::string_view message() const noexcept;
+    /// The meaning of a code, as in what(): "not found" for NotFoundErr.
+    static const char* meaning(long code) noexcept;
 
 private:
     long code_;
+    // Shared, so that copying the exception never throws.
+    std::shared_ptr<const std::string> what_;
+    std::size_t messageStart_ = 0;
 };
 
 } // namespace Arbor

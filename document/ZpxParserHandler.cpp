@@ -23,6 +23,7 @@
 #include <cstring>
 #include <iterator>
 #include <new>
+#include <string>
 #include <utility>
 
 namespace Grafel {
@@ -116,6 +117,20 @@ double clampP3(double v) {
     return v;
 }
 
+/// Sets the document's report context for the life of the scope.
+class ReportContextScope {
+public:
+    ReportContextScope(ElementDocument& document, const ElementDocument::ReportContext& context)
+        : document_(document), outer_(document.exchangeReportContext(context)) {}
+    ~ReportContextScope() { document_.exchangeReportContext(outer_); }
+    ReportContextScope(const ReportContextScope&) = delete;
+    ReportContextScope& operator=(const ReportContextScope&) = delete;
+
+private:
+    ElementDocument& document_;
+    ElementDocument::ReportContext outer_;
+};
+
 } // namespace
 
 ZpxParserHandler::ZpxParserHandler(PlotDocument* document, bool dropIds,
@@ -133,9 +148,19 @@ ZpxParserHandler::ZpxParserHandler(PlotDocument* document, bool dropIds,
 ZpxParserHandler::~ZpxParserHandler() = default;
 
 void ZpxParserHandler::error(const char* format, ...) const {
-    if (!errorHandler_) return;
     va_list args;
     va_start(args, format);
+    if (document_->reportSink()) {
+        va_list copy;
+        va_copy(copy, args);
+        const std::string message = formatReport(format, copy);
+        va_end(copy);
+        document_->report({"ZPX error: ", message, {}, {}, {}});
+    }
+    if (!errorHandler_) {
+        va_end(args);
+        return;
+    }
     va_list prefixArgs;
     va_copy(prefixArgs, args);
     errorHandler_("ZPX error: ", prefixArgs);
@@ -213,6 +238,8 @@ void ZpxParserHandler::startElement(int, int nameId,
     const Token tag = getToken(nameId);
     if (group == ZpxTagGroup::Root && current_) illegalChild(tag.c_str(), current_.get());
 
+    // Reports made while the element is read name it, and the attribute being set.
+    ReportContextScope context(*document_, {tag.c_str(), {}, {}});
     Arbor::Ref<PlotElement> element(document_->createPlotElement(tag));
     if (!element) {
         error("element '%s' is not supported\n", tag.c_str());
@@ -221,29 +248,39 @@ void ZpxParserHandler::startElement(int, int nameId,
     for (const Tessel::Xml::Attribute& attribute : attributes) {
         const Token name = getToken(attribute.nameId);
         if (!keepIds_ && name == tok_id) continue;
+        ReportContextScope attributeContext(*document_,
+                                            {tag.c_str(), name.c_str(), attribute.value});
         element->setAttributeString(name, attribute.value);
     }
 
-    // The checks refuse without a report of their own: a missing mandatory value.
-    auto require = [](bool ok) {
-        if (!ok) throw DomException(DomException::HierarchyRequestErr);
+    // The checks refuse without a report to the error handler: a missing mandatory value. A
+    // report sink still learns which attribute it was.
+    auto require = [&](bool ok, Token attribute) {
+        if (ok) return;
+        if (document_->reportSink()) {
+            const std::string message = std::string("mandatory attribute '") + attribute.c_str() +
+                                        "' missing [element '" + tag.c_str() + "']";
+            document_->report({{}, message, tag.c_str(), attribute.c_str(), {}});
+        }
+        throw DomException(DomException::HierarchyRequestErr);
     };
     switch (group) {
     case ZpxTagGroup::Option:
     case ZpxTagGroup::OptionText:
-        require(holdsToken(element.get(), tok_Opt));
+        require(holdsToken(element.get(), tok_Opt), tok_Opt);
         break;
     case ZpxTagGroup::Typed:
-        require(holdsToken(element.get(), tok_Type));
+        require(holdsToken(element.get(), tok_Type), tok_Type);
         break;
     case ZpxTagGroup::Prop:
-        require(holdsToken(element.get(), tok_Opt) && holdsString(element.get(), tok_Val, false));
+        require(holdsToken(element.get(), tok_Opt), tok_Opt);
+        require(holdsString(element.get(), tok_Val, false), tok_Val);
         break;
     case ZpxTagGroup::Category:
-        require(holdsString(element.get(), tok_Name, true));
+        require(holdsString(element.get(), tok_Name, true), tok_Name);
         break;
     case ZpxTagGroup::Info:
-        require(holdsToken(element.get(), tok_Dom));
+        require(holdsToken(element.get(), tok_Dom), tok_Dom);
         break;
     default:
         break;
@@ -277,6 +314,7 @@ void ZpxParserHandler::startElement(int, int nameId,
         break;
     }
     if (group != ZpxTagGroup::SequenceItem) childIndex_ = 0;
+    elementRead(element.get());
 
     enter(element.get());
     if (group == ZpxTagGroup::Array) {

@@ -112,7 +112,11 @@ public:
     void reportFailure(const std::exception& e) const;
 
 protected:
-    /// Reports as described for the constructor; nothing without a handler.
+    /// Called for each element made from a start tag once its attributes are set and it is
+    /// linked in; the parser's position is still that of the tag. Does nothing here.
+    virtual void elementRead(PlotElement* /*element*/) {}
+    /// Reports as described for the constructor; nothing without a handler. A report sink
+    /// on the document receives the same report.
     void error(const char* format, ...) const __attribute__((format(printf, 2, 3)));
     /// Reports "illegal %s [parent %s]" and throws DomException 15.
     [[noreturn]] void illegalChild(const char* name, const PlotElement* parent) const;

@@ -18,8 +18,8 @@ bool AttributeListElement::hasAttribute(Token name) const {
 
 Variant AttributeListElement::getAttribute(Token name) const {
     if (const Variant* v = findAttribute(name)) return *v;
-    domError("illegal attribute '%s' [node '%s']\n", name.text(), nodeName().text());
-    throw DomException(DomException::InvalidAccessErr);
+    refuse(DomException::InvalidAccessErr, "illegal attribute '%s' [node '%s']\n", name.text(),
+           nodeName().text());
 }
 
 bool AttributeListElement::hasProperty(Token name) const {
@@ -30,8 +30,8 @@ const Variant& AttributeListElement::propertyRef(Token name) const {
     if (const Variant* v = findAttribute(name)) return *v;
     Property* p = requireProperty(name);
     if (p->isMandatory()) {
-        domError("mandatory property '%s' missing [node '%s']\n", name.text(), nodeName().text());
-        throw DomException(DomException::InvalidAccessErr);
+        refuse(DomException::InvalidAccessErr, "mandatory property '%s' missing [node '%s']\n",
+               name.text(), nodeName().text());
     }
     if (p->isInherited())
         if (PlotElement* from = inheritingFrom(name)) {

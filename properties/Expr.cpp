@@ -15,8 +15,7 @@ using Arbor::Variant;
 
 Variant Expr::getAttribute(Token name) const {
     if (name != tok_Opt) {
-        domError("illegal attribute '%s'\n", name.text());
-        throw DomException(DomException::InvalidAccessErr);
+        refuse(DomException::InvalidAccessErr, "illegal attribute '%s'\n", name.text());
     }
     return Arbor::TokenVariant(opt_);
 }
@@ -63,12 +62,10 @@ void Expr::removeAttributeRaw(Token) {}
 
 void Expr::setAttributeString(Token name, const char* text) {
     if (name != tok_Opt) {
-        domError("illegal attribute '%s'\n", name.text());
-        throw DomException(DomException::InvalidAccessErr);
+        refuse(DomException::InvalidAccessErr, "illegal attribute '%s'\n", name.text());
     }
     if (!text || !*text) {
-        domError("empty option name\n");
-        throw DomException(DomException::InvalidAccessErr);
+        refuse(DomException::InvalidAccessErr, "empty option name\n");
     }
     setAttribute(tok_Opt, Arbor::TokenVariant(Token(text, true)));
 }

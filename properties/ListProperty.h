@@ -45,8 +45,7 @@ public:
             },
             &value);
         if (!ok) {
-            reportIllegalValueString(element, name_);
-            throw Arbor::DomException(Arbor::DomException::SyntaxErr);
+            refuseValueString(element, name_, utf8);
         }
         element->setAttribute(name_, Trait::toVariant(value));
     }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdarg>
+#include <string>
 
 namespace Grafel {
 
@@ -26,10 +27,27 @@ void PlotElement::domError(const char* format, ...) const {
     va_end(args);
 }
 
+void PlotElement::refuse(long code, const char* format, ...) const {
+    va_list args;
+    va_start(args, format);
+    va_list copy;
+    va_copy(copy, args);
+    std::string message;
+    try {
+        message = formatReport(format, copy);
+    } catch (...) {
+        // The refusal stands without its text.
+    }
+    va_end(copy);
+    if (ElementDocument* doc = plotDocument()) doc->domError(format, args);
+    va_end(args);
+    throw DomException(code, message);
+}
+
 Property* PlotElement::requireProperty(Token name) const {
     if (Property* p = propertyInfo(name)) return p;
-    domError("unknown property '%s' [node '%s']\n", name.text(), nodeName().text());
-    throw DomException(DomException::InvalidAccessErr);
+    refuse(DomException::InvalidAccessErr, "unknown property '%s' [node '%s']\n", name.text(),
+           nodeName().text());
 }
 
 Property* PlotElement::propertyInfo(Token) const {

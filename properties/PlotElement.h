@@ -92,6 +92,9 @@ public:
     ElementDocument* plotDocument() const { return static_cast<ElementDocument*>(document_); }
     /// Reports through the document; silent without one.
     void domError(const char* format, ...) const __attribute__((format(printf, 2, 3)));
+    /// Reports as domError() and throws DomException `code` carrying the message.
+    [[noreturn]] void refuse(long code, const char* format, ...) const
+        __attribute__((format(printf, 3, 4)));
     /// Whether this element's inherited value of `name` passes through `element`.
     bool inheritingElement(Arbor::Element* element, Arbor::Token name) const;
     /// afterAttributeChange here and, while it answers true, on the child elements below.

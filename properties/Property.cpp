@@ -14,8 +14,19 @@ Property::Property(int id) : name_(getToken(id)) {}
 
 Property::~Property() = default;
 
-void Property::reportIllegalValueString(PlotElement* element, Arbor::Token name) {
-    element->domError("illegal value string [attribute '%s']\n", name.text());
+void Property::refuseValueString(PlotElement* element, Arbor::Token name, const char* text) {
+    ElementDocument* doc = element->plotDocument();
+    ElementDocument::ReportContext outer;
+    if (doc)
+        outer =
+            doc->exchangeReportContext({element->nodeName().text(), name.text(), text ? text : ""});
+    try {
+        element->refuse(Arbor::DomException::SyntaxErr, "illegal value string [attribute '%s']\n",
+                        name.text());
+    } catch (...) {
+        if (doc) doc->exchangeReportContext(outer);
+        throw;
+    }
 }
 
 void Property::reportIllegalValue(PlotElement* element, Arbor::Token name) {

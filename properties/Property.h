@@ -8,6 +8,7 @@
 #include <grafel/foundation/CmdOStream.h>
 
 #include <iosfwd>
+#include <span>
 #include <vector>
 
 namespace Grafel {
@@ -86,6 +87,10 @@ public:
     /// answers whether the change goes on to the children.
     virtual bool afterChange(PlotElement* element, Arbor::Element* source) const = 0;
 
+    /// The catalogue ids of the words a token property knows; empty for other kinds. The
+    /// property stores words outside the list as given; a checker may point them out.
+    virtual std::span<const int> knownWords() const { return {}; }
+
     Arbor::Token name() const { return name_; }
     /// The default, without a copy.
     const Arbor::Variant& defaultRef() const { return default_; }
@@ -94,7 +99,9 @@ public:
 
 protected:
     /// Reports through the element's document.
-    static void reportIllegalValueString(PlotElement* element, Arbor::Token name);
+    /// Reports "illegal value string" for `text` offered as `name`, and throws DomException 12.
+    [[noreturn]] static void refuseValueString(PlotElement* element, Arbor::Token name,
+                                               const char* text);
     static void reportIllegalValue(PlotElement* element, Arbor::Token name);
     /// Fires AfterPropertyChangeEvent(element, name).
     static void fireChange(PlotElement* element, Arbor::Token name);

@@ -31,6 +31,7 @@ public:
 
     /// The catalogue ids of the vocabulary, in declaration order.
     static constexpr std::span<const int> vocabulary() { return Ids; }
+    std::span<const int> knownWords() const override { return Ids; }
 };
 
 /// The vocabularies, as catalogue ids.

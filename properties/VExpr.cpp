@@ -23,8 +23,7 @@ constexpr double viewingBoxBound = 1e30;
 
 Variant VExpr::getAttribute(Token name) const {
     if (name != tok_Val) {
-        domError("illegal attribute '%s'\n", name.text());
-        throw DomException(DomException::InvalidAccessErr);
+        refuse(DomException::InvalidAccessErr, "illegal attribute '%s'\n", name.text());
     }
     return Arbor::DoubleVariant(val_);
 }
@@ -71,8 +70,7 @@ void VExpr::removeAttributeRaw(Token) {}
 
 void VExpr::setAttributeString(Token name, const char* text) {
     if (name != tok_Val) {
-        domError("illegal attribute '%s'\n", name.text());
-        throw DomException(DomException::InvalidAccessErr);
+        refuse(DomException::InvalidAccessErr, "illegal attribute '%s'\n", name.text());
     }
     if (!text) text = "";
     double value = NaN();
@@ -80,8 +78,7 @@ void VExpr::setAttributeString(Token name, const char* text) {
     // the like stand for NaN just as "inf" does.
     if (!std::strstr(text, "inf")) {
         if (std::sscanf(text, " %lf ", &value) != 1) {
-            domError("illegal value string [Val='%s']\n", text);
-            throw DomException(DomException::InvalidAccessErr);
+            refuse(DomException::InvalidAccessErr, "illegal value string [Val='%s']\n", text);
         }
         // The comparisons are false for a NaN, which thus stays as it is.
         const Token tag = tagName();

@@ -7,6 +7,7 @@
 #include "Output.h"
 
 #include <grafel/document/PlotDocument.h>
+#include <grafel/document/SaveDocument.h>
 #include <grafel/foundation/NumberFormat.h>
 
 #include <cerrno>
@@ -27,7 +28,7 @@ namespace {
 constexpr std::string_view command = "convert";
 
 constexpr std::string_view help =
-    R"(Usage: grafel convert [--to FORMAT] [-o FILE] [--precision N] [--drop-ids] INPUT
+    R"(Usage: grafel convert [--to FORMAT] [-o FILE] [--precision N] [--drop-ids] [--pretty] INPUT
        grafel convert --to jvx [--time T | --frames N -o NAME [--no-clobber]] INPUT
        grafel convert --to jvx [--time T] -o NAME.jvx --with-display INPUT
        grafel convert --to jvd [--time T] [-o FILE] INPUT
@@ -48,6 +49,8 @@ Options:
   --precision N      write numbers with N significant digits (1 to 99), rounding
                      where they have more; 6 gives the library's own default text
   --drop-ids         leave out the id of every element while loading
+  --pretty           zpx: put each child element on a line of its own, indented by two
+                     blanks a level (texts and point data are left as they are)
   --time T           jvx, jvd: the time to export (an animation is clamped into its time
                      range and starts at its begin without one; a still plot has none)
   --frames N         jvx: write the whole animation, N frames a time unit, to numbered
@@ -66,6 +69,7 @@ constexpr OptionSpec optionSpecs[] = {
     {"to", 0, true},          {"output", 'o', true}, {"precision", 0, true},
     {"drop-ids", 0, false},   {"time", 0, true},     {"frames", 0, true},
     {"no-clobber", 0, false}, {"dtd-host", 0, true}, {"with-display", 0, false},
+    {"pretty", 0, false},
 };
 
 /// The most digits --precision takes; 17 already tell every double apart.
@@ -156,21 +160,24 @@ std::optional<int> withDisplayOptions(const ParsedArguments& parsed, Format form
     return std::nullopt;
 }
 
-void render(Grafel::PlotDocument& document, Format format, std::ostream& out) {
+void render(Grafel::PlotDocument& document, Format format, bool pretty, std::ostream& out) {
+    Grafel::SaveOptions options;
+    options.indent = pretty;
     switch (format) {
     case Format::Zpx:
-        document.putXml(out);
+        options.format = Grafel::SaveFormat::Zpx;
         break;
     case Format::Cmd:
-        document.putCmd(out, false);
+        options.format = Grafel::SaveFormat::Cmd;
         break;
     case Format::Replot:
-        document.putCmd(out, true);
+        options.format = Grafel::SaveFormat::Replot;
         break;
     case Format::Jvx:
     case Format::Jvd:
-        break;
+        return;
     }
+    Grafel::saveDocument(document, out, options);
 }
 
 } // namespace
@@ -189,6 +196,8 @@ int runConvert(Words args) {
     if (auto end = jvxOptions(parsed, *format == Format::Jvx || *format == Format::Jvd, jvx))
         return *end;
     if (auto end = withDisplayOptions(parsed, *format, jvx)) return *end;
+    if (parsed.has("pretty") && *format != Format::Zpx)
+        return usageError(command, "option '--pretty' needs --to zpx");
     std::optional<int> precision;
     if (parsed.has("precision")) {
         const std::string text = parsed.value("precision", "");
@@ -203,7 +212,7 @@ int runConvert(Words args) {
 
     ReportScope reports(displayName(input), std::cerr);
     Grafel::PlotDocument document;
-    if (!loadDocument(document, input, LoadOptions{parsed.has("drop-ids")}, reports))
+    if (!loadDocument(document, input, Grafel::LoadOptions{parsed.has("drop-ids")}, reports))
         return ExitFailed;
     if (*format == Format::Jvd) return exportJvd(document, jvx, reports);
     if (*format == Format::Jvx) {
@@ -223,7 +232,7 @@ int runConvert(Words args) {
     else
         text << Grafel::exactNumbers;
     try {
-        render(document, *format, text);
+        render(document, *format, parsed.has("pretty"), text);
     } catch (const std::exception& e) {
         reports.emit(std::string("error: cannot write the document: ") + e.what());
         return ExitFailed;

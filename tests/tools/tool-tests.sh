@@ -76,7 +76,7 @@ expect_usage_error() { # CASE WHO REASON-REGEX
 expect_report_lines() { # CASE NAME
     local line
     while IFS= read -r line; do
-        [[ "$line" =~ ^"$2"(:[0-9]+)?:\ [^\ ].*[^\ ]$ ]] || fail "$1: stray stderr line '$line'"
+        [[ "$line" =~ ^"$2"(:[0-9]+(:[0-9]+)?)?:\ [^\ ].*[^\ ]$ ]] || fail "$1: stray stderr line '$line'"
     done <"$work/err"
 }
 
@@ -368,7 +368,7 @@ group_check() {
     expect_rc "check good and bad" 1
     expect_out_has "check good and bad" "$examples/style-library.zpx: ok"
     [ "$(wc -l <"$work/out")" = 1 ] || fail "check good and bad: $(cat "$work/out")"
-    grep -q '^unknown-element.zpx:4: ' "$work/err" || fail "check: no report for the bad file"
+    grep -q '^unknown-element.zpx:4:3: ' "$work/err" || fail "check: no report for the bad file"
     grep -qx 'missing.zpx: error: cannot open: No such file or directory' "$work/err" ||
         fail "check: no report for the missing file: $(cat "$work/err")"
 
@@ -386,7 +386,7 @@ group_check() {
 
     run "$data" check -
     expect_rc "empty input" 1
-    expect_err_match "empty input" '^<stdin>:1: XML error: '
+    expect_err_match "empty input" '^<stdin>:1:1: XML error: '
 
     run "$data" check wrong-root.zpx
     expect_rc "root other than Canvas" 1
@@ -525,35 +525,69 @@ group_times() {
     run "$data" times unknown-element.zpx
     expect_rc "times on a bad file" 1
     expect_out_empty "times on a bad file"
-    expect_err "times on a bad file" "unknown-element.zpx:4: ZPX error: unknown element 'Bogus'"
+    expect_err "times on a bad file" "unknown-element.zpx:4:3: ZPX error: unknown element 'Bogus'"
 }
 
 group_reports() {
-    # One line per report, the prefix joined to its message, the line being read at the time.
+    # One line per report, the prefix joined to its message, at the line and column being read.
     run "$data" check unknown-element.zpx
     expect_rc "unknown element" 1
-    expect_err "unknown element" "unknown-element.zpx:4: ZPX error: unknown element 'Bogus'"
+    expect_err "unknown element" "unknown-element.zpx:4:3: ZPX error: unknown element 'Bogus'"
     input=$data/unknown-element.zpx run "$data" check -
-    expect_err "unknown element on stdin" "<stdin>:4: ZPX error: unknown element 'Bogus'"
+    expect_err "unknown element on stdin" "<stdin>:4:3: ZPX error: unknown element 'Bogus'"
 
     run "$data" check bad-value.zpx
     expect_rc "bad value" 1
-    expect_err_match "bad value" "^bad-value\.zpx:3: Grafel error: .*LineWidth"
+    expect_err "bad value" \
+        "bad-value.zpx:3:3: Grafel error: illegal value [attribute 'LineWidth'] (value \"-1\")"
 
     run "$data" check not-well-formed.zpx
     expect_rc "not well-formed" 1
-    expect_err_match "not well-formed" "^not-well-formed\.zpx:5: XML error: [a-z]"
+    expect_err_match "not well-formed" "^not-well-formed\.zpx:5:[0-9]+: XML error: [a-z]"
 
     # A report on a load that goes on: status 0, the document written as usual.
     run "$data" convert newer-version.zpx
     expect_rc "newer version" 0
-    expect_err "newer version" "newer-version.zpx:2: ZPX error: unknown version '2'"
+    expect_err "newer version" "newer-version.zpx:2:1: ZPX error: unknown version '2'"
     grep -q '<Canvas' "$work/out" || fail "newer version: no document written"
 
     run "$data" check newer-version-bad.zpx
     expect_rc "two reports" 1
-    expect_err "two reports" "newer-version-bad.zpx:2: ZPX error: unknown version '2'
-newer-version-bad.zpx:6: ZPX error: unknown element 'Bogus'"
+    expect_err "two reports" "newer-version-bad.zpx:2:1: ZPX error: unknown version '2'
+newer-version-bad.zpx:6:3: ZPX error: unknown element 'Bogus'"
+
+    # Refused without a message of the library's own: the element and attribute are named.
+    printf '<Canvas>\n  <ObjStyle LineWidth="1"/>\n</Canvas>\n' >"$work/untyped.zpx"
+    run "$work" check untyped.zpx
+    expect_rc "missing Type" 1
+    expect_err "missing Type" \
+        "untyped.zpx:2:3: error: mandatory attribute 'Type' missing [element 'ObjStyle']"
+
+    # --strict: loads, but warns about unknown words and types; the examples give no warning.
+    run "$examples" check --strict style-library.zpx scene3d.zpx
+    expect_rc "strict examples" 0
+    expect_err_empty "strict examples"
+    printf '<Canvas>\n  <ObjStyle Type="Default" LineStyle="Wiggly"/>\n  <ObjStyle Type="Bogus"/>\n</Canvas>\n' \
+        >"$work/odd.zpx"
+    run "$work" check odd.zpx
+    expect_rc "odd words without --strict" 0
+    run "$work" check --strict odd.zpx
+    expect_rc "odd words" 1
+    expect_out_has "odd words" "odd.zpx: ok"
+    expect_err "odd words" "odd.zpx:2:3: warning: unknown word 'Wiggly' for 'LineStyle' [element 'ObjStyle']
+odd.zpx:3:3: warning: unknown object type 'Bogus' [element 'ObjStyle']"
+
+    # --pretty: one element a line, and the same document.
+    run "$examples" convert style-library.zpx
+    cp "$work/out" "$work/plain.zpx"
+    run "$examples" convert --pretty style-library.zpx
+    expect_rc "pretty" 0
+    grep -q '^  <' "$work/out" || fail "pretty: no indented line"
+    cp "$work/out" "$work/pretty.zpx"
+    run "$work" convert pretty.zpx
+    expect_same "pretty loads to the same document" "$work/plain.zpx" "$work/out"
+    run "$examples" convert --pretty --to cmd style-library.zpx
+    expect_usage_error "pretty with cmd" "grafel convert" "option '--pretty' needs --to zpx"
 
     for file in unknown-element bad-value not-well-formed newer-version-bad wrong-root; do
         run "$data" check "$file.zpx"
