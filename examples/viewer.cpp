@@ -8,11 +8,8 @@
 // polygon, saves the document to OUTPUT (by default viewer-out.zpx) and reads it back.
 #include <grafel/grafel.h>
 
-#include <cstdarg>
-#include <cstdio>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <string>
 
 using namespace Grafel;
@@ -23,33 +20,24 @@ using namespace Grafel;
 
 // ---- Loading and saving --------------------------------------------------------------------
 
-/// The library reports a problem in two calls, a prefix ("ZPX error: ") and then the message
-/// with its line end; both go straight to standard error here.
-void printReport(const char* format, va_list args) {
-    std::vfprintf(stderr, format, args);
-}
-
-/// Reads the ZPX file at `path` into `document`. On failure the reader has reported why, and
-/// the document holds a fresh, empty Canvas.
-bool loadZpx(PlotDocument& document, const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
-        std::cerr << path << ": cannot open\n";
-        return false;
+/// Reads the file at `path` (ZPX or Zpa) into `document` and prints each report as a compiler
+/// would. On failure the document holds a fresh, empty Canvas.
+bool load(PlotDocument& document, const std::string& path) {
+    const LoadResult result = loadDocument(document, path);
+    for (const Diagnostic& d : result.diagnostics) {
+        std::cerr << path << ':' << d.line << ':' << d.column << ": " << d.text();
+        if (!d.value.empty()) std::cerr << " (value \"" << d.value << "\")";
+        std::cerr << '\n';
     }
-    const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    document.domErrorHdl(&printReport);
-    ZpxParserHandler handler(&document, /*dropIds=*/false, &printReport);
-    ZpxParser parser(&handler, /*namespaces=*/true, nullptr);
-    return parser.parseSave(text.data(), static_cast<int>(text.size()), /*isFinal=*/true);
+    return result.ok();
 }
 
-/// Writes `document` as ZPX to `path`.
-bool saveZpx(PlotDocument& document, const std::string& path) {
+/// Writes `document` as ZPX to `path`, indented so that it reads well and diffs well.
+bool save(const PlotDocument& document, const std::string& path) {
     std::ofstream out(path, std::ios::binary);
-    document.putXml(out);
-    out << '\n';
-    return static_cast<bool>(out.flush());
+    SaveOptions options;
+    options.indent = true;
+    return saveDocument(document, out, options) && out.flush();
 }
 
 // ---- Helpers -------------------------------------------------------------------------------
@@ -132,7 +120,7 @@ int main(int argc, char** argv) {
     const std::string output = argc > 2 ? argv[2] : "viewer-out.zpx";
 
     PlotDocument document;
-    if (!loadZpx(document, input)) return 1;
+    if (!load(document, input)) return 1;
     std::cout << "Loaded " << input << ":\n";
     printTree(&document, 1);
 
@@ -154,12 +142,13 @@ int main(int argc, char** argv) {
     ChangeListener listener;
     document.addObserver(&listener, tok_AfterPropertyChange);
 
-    // An edit is recorded once an undo task is open; the next newUndoTask() closes it, so that
-    // undo() and redo() take back and repeat the edit as one step.
+    // Edits made while an UndoTaskScope lives form one undo step: undo() and redo() take back
+    // and repeat them together.
     std::cout << "\nThe style's LineWidth set to 1.5:\n";
-    document.newUndoTask();
-    style->setAttribute(tok_LineWidth, Arbor::DoubleVariant(1.5));
-    document.newUndoTask();
+    {
+        Arbor::UndoTaskScope step(document);
+        style->setAttribute(tok_LineWidth, Arbor::DoubleVariant(1.5));
+    }
     printLook(first);
     std::cout << "Undo:\n";
     document.undo();
@@ -193,12 +182,12 @@ int main(int argc, char** argv) {
     document.removeObserver(&listener);
 
     // Save, and read the saved file back into a second document.
-    if (!saveZpx(document, output)) {
+    if (!save(document, output)) {
         std::cerr << output << ": cannot write\n";
         return 1;
     }
     PlotDocument reloaded;
-    if (!loadZpx(reloaded, output)) return 1;
+    if (!load(reloaded, output)) return 1;
     std::cout << "\nSaved to " << output << " and read back:\n";
     printTree(&reloaded, 1);
     return 0;

@@ -48,8 +48,8 @@ void printHelp() {
                  "  --version    show the version\n"
                  "\n"
                  "Reports of the library go to standard error, one line each, as\n"
-                 "\"INPUT:LINE: message\". Exit status: 0 success, 1 a document did not load or\n"
-                 "could not be written, 2 wrong command line.\n";
+                 "\"INPUT:LINE:COLUMN: message\". Exit status: 0 success, 1 a document did\n"
+                 "not load or could not be written, 2 wrong command line.\n";
 }
 
 int run(const std::vector<std::string_view>& args) {
