@@ -148,11 +148,13 @@ struct Parser::Impl {
     bool textEnabled = true;
     PlainTextReader* textReader = nullptr; // the handler, when it takes plain text
     bool encodingPlain = true;             // the document's encoding allows plain text
-    std::vector<std::string> textPatterns; // "<name"
+    std::vector<std::string> textPatterns; // the names, searched without their '<', which is
+                                           // much more frequent
     std::vector<const char*> textHits;     // the next place of each pattern in the current text
     std::vector<const char*> textSplits;   // behind the start tag found there, or null
     Ids lastStartIds = {};
     long long lastStartEnd = -1; // byte behind the last start tag, while its element is open
+    char lastFed[2] = {};        // the last two bytes given to the C parser
     bool inText = false;
     Position textBase = {};  // the true position where the text began
     Position textExpat = {}; // the C parser's position there
@@ -201,6 +203,7 @@ struct Parser::Impl {
         positionFixed = false;
         encodingPlain = !hasEncoding || isUtf8Name(encoding.c_str());
         lastStartEnd = -1;
+        lastFed[0] = lastFed[1] = 0;
         inText = false;
     }
 
@@ -251,7 +254,7 @@ struct Parser::Impl {
         textReader = textEnabled ? dynamic_cast<PlainTextReader*>(handler) : nullptr;
         if (textReader)
             for (const std::string& name : textReader->plainTextNames())
-                if (isPlainName(name)) textPatterns.push_back("<" + name);
+                if (isPlainName(name)) textPatterns.push_back(name);
         runReader = dynamic_cast<ElementRunReader*>(handler);
         if (!runReader || !runsEnabled || attributesDeclared) return;
         for (std::string& name : runReader->elementRunNames()) {
@@ -263,23 +266,34 @@ struct Parser::Impl {
 
     XML_Status feed(const char* data, std::size_t length, bool isFinal) {
         fed += static_cast<long long>(length);
+        if (length >= 2) {
+            lastFed[0] = data[length - 2];
+            lastFed[1] = data[length - 1];
+        } else if (length == 1) {
+            lastFed[0] = lastFed[1];
+            lastFed[1] = data[0];
+        }
         return XML_Parse(xml, data, static_cast<int>(length), isFinal ? XML_TRUE : XML_FALSE);
     }
 
     // The next place of the start tag of an element taken plain, at or behind `p`, and where
     // that tag ends; `split` stays null when no end lies in the text.
     const char* findTextTag(std::size_t i, const char* p, const char* end, const char*& split) {
-        const std::string& pattern = textPatterns[i];
-        for (;;) {
+        const std::string& name = textPatterns[i];
+        for (const char* from = p;;) {
             split = nullptr;
             const std::size_t at =
-                std::string_view(p, static_cast<std::size_t>(end - p)).find(pattern);
+                std::string_view(from, static_cast<std::size_t>(end - from)).find(name);
             if (at == std::string_view::npos) return end;
-            const char* hit = p + at;
-            const char* q = hit + pattern.size();
+            const char* hit = from + at - 1;
+            if (hit < p || *hit != '<') {
+                from = hit + 2;
+                continue;
+            }
+            const char* q = hit + 1 + name.size();
             if (q == end) return hit;
             if (*q != '>' && *q != '/' && *q != ' ' && *q != '\t' && *q != '\n' && *q != '\r') {
-                p = hit + 1; // a longer name
+                from = q; // a longer name
                 continue;
             }
             // Attribute values may hold '>' but no '<'; the C parser checks the rest.
@@ -372,6 +386,9 @@ struct Parser::Impl {
     bool startText() {
         if (!textReader || lastStartEnd != fed || !encodingPlain || handler->ignoreDepth_ > 0)
             return false;
+        // A start tag written in single bytes ends in '>' behind anything but a zero byte; in
+        // UTF-16 the zero byte of its '>' is on one side or the other.
+        if (lastFed[1] != '>' || lastFed[0] == '\0') return false;
         lastStartEnd = -1;
         try {
             if (!textReader->takesPlainText(lastStartIds.namespaceId, lastStartIds.nameId))
@@ -525,18 +542,11 @@ struct Parser::Impl {
         return known;
     }
 
-    // Keeps where the start tag just reported ends, when it is written in the input as it is in
-    // a document of single bytes; in UTF-16, or in the text of an entity, it is not.
+    // Keeps where the start tag just reported ends. In the text of an entity, it is not in the
+    // input, but the element also ends there.
     void noteStart(Ids ids) {
-        int offset = 0;
-        int size = 0;
-        const char* context = XML_GetInputContext(xml, &offset, &size);
-        const int count = XML_GetCurrentByteCount(xml);
-        if (!context || count < 2 || offset < 0 || offset + count > size ||
-            context[offset] != '<' || context[offset + count - 1] != '>')
-            return;
         lastStartIds = ids;
-        lastStartEnd = XML_GetCurrentByteIndex(xml) + count;
+        lastStartEnd = XML_GetCurrentByteIndex(xml) + XML_GetCurrentByteCount(xml);
     }
 
     // The callbacks of the C parser. None of them lets an exception pass.

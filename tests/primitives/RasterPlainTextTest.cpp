@@ -112,13 +112,19 @@ public:
         return text;
     }
 
-    // The document in UTF-16, when it is ASCII; '~' becomes a character whose two bytes are
-    // printable ASCII.
+    // The document in UTF-16, when it is ASCII; '~', and the digits of the array's text, become
+    // characters whose two bytes are printable ASCII.
     static std::string utf16(const std::string& text, bool bigEndian) {
         std::string out;
-        for (char c : text) {
+        const std::size_t array = text.find("Array2d");
+        const std::size_t from = text.find('>', array);
+        const std::size_t to = text.find('<', from);
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            const char c = text[i];
             if (static_cast<unsigned char>(c) >= 0x80) return text;
-            const char unit[2] = {c == '~' ? '\x31' : '\0', c == '~' ? '\x32' : c};
+            const bool wide = c == '~' || (array != std::string::npos && i > from && i < to &&
+                                           c >= '0' && c <= '9');
+            const char unit[2] = {wide ? '\x31' : '\0', wide ? '2' : c};
             out += unit[bigEndian ? 0 : 1];
             out += unit[bigEndian ? 1 : 0];
         }
