@@ -5,7 +5,6 @@
 #include <grafel/tessel/xml/PlainText.h>
 
 #include <array>
-
 #include <cstring>
 #include <exception>
 #include <expat.h>
@@ -285,11 +284,12 @@ struct Parser::Impl {
             const std::size_t at =
                 std::string_view(from, static_cast<std::size_t>(end - from)).find(name);
             if (at == std::string_view::npos) return end;
-            const char* hit = from + at - 1;
-            if (hit < p || *hit != '<') {
-                from = hit + 2;
+            const char* found = from + at;
+            if (found == p || found[-1] != '<') {
+                from = found + 1;
                 continue;
             }
+            const char* hit = found - 1;
             const char* q = hit + 1 + name.size();
             if (q == end) return hit;
             if (*q != '>' && *q != '/' && *q != ' ' && *q != '\t' && *q != '\n' && *q != '\r') {
