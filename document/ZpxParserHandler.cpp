@@ -411,6 +411,14 @@ void ZpxParserHandler::elementRun(int, int nameId, Tessel::Xml::ElementRun& run)
     heldText(last);
 }
 
+std::vector<std::string> ZpxParserHandler::plainTextNames() const {
+    return {"ColorArray2d", "DensityArray2d"};
+}
+
+bool ZpxParserHandler::takesPlainText(int, int) {
+    return arrayKind_ != ArrayKind::None;
+}
+
 const std::string& ZpxParserHandler::heldText(std::string_view text) {
     if (text.data() != data().data() || text.size() != data().size()) replaceTextData(text);
     return data();

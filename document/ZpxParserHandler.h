@@ -6,6 +6,7 @@
 #include <grafel/foundation/Rgba.h>
 #include <grafel/properties/ElementDocument.h>
 #include <grafel/tessel/xml/ElementRun.h>
+#include <grafel/tessel/xml/PlainText.h>
 #include <grafel/tessel/xml/SimpleDataHandler.h>
 
 #include <cstddef>
@@ -70,9 +71,11 @@ protected:
 /// words when it implements ColorArrayInput or DensityArrayInput. Nesting is limited to
 /// maxDepth levels, so that whatever is read can be written again (writing recurses). Runs of
 /// plain P2 or P3 elements in a point list are taken in one call each, with the result that
-/// reading them one by one would have.
+/// reading them one by one would have, and the words of an array are read where they stand in
+/// the input.
 class ZpxParserHandler : public Tessel::Xml::SimpleDataHandler,
-                         public Tessel::Xml::ElementRunReader {
+                         public Tessel::Xml::ElementRunReader,
+                         public Tessel::Xml::PlainTextReader {
 public:
     /// Deepest nesting of elements that a document may have.
     static constexpr int maxDepth = 4096;
@@ -105,6 +108,10 @@ public:
     /// Points of the open point list, one after the other, when the run is of its kind.
     bool takesElementRun(int namespaceId, int nameId) override;
     void elementRun(int namespaceId, int nameId, Tessel::Xml::ElementRun& run) override;
+    /// ColorArray2d and DensityArray2d.
+    std::vector<std::string> plainTextNames() const override;
+    /// When the element just started keeps an array.
+    bool takesPlainText(int namespaceId, int nameId) override;
 
     PlotDocument* document() const { return document_; }
     /// Reports a load stopped by an exception the reader did not throw itself: "out of memory"

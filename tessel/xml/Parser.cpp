@@ -2,7 +2,9 @@
 
 #include <grafel/tessel/xml/ElementRun.h>
 #include <grafel/tessel/xml/Handler.h>
+#include <grafel/tessel/xml/PlainText.h>
 
+#include <array>
 #include <cstring>
 #include <exception>
 #include <expat.h>
@@ -53,6 +55,33 @@ bool isPlainName(const std::string& name) {
         if (!ok) return false;
     }
     return true;
+}
+
+// Bytes of text taken plain, line feeds apart: those that stand for themselves in character data
+// in UTF-8 and keep the line and column count simple.
+constexpr std::array<bool, 256> plainTextBytes = [] {
+    std::array<bool, 256> table{};
+    for (int c = 0x20; c < 0x7f; ++c) table[c] = true;
+    table['<'] = table['&'] = table[']'] = false;
+    table['\t'] = true;
+    return table;
+}();
+
+// Whether the C parser's character data always ends in front of this byte, the end of the input
+// apart: a line feed, which is reported by itself, or the start of markup, of a reference or of
+// a line end. After other bytes the data may go on.
+inline bool endsCharacterData(char c) {
+    return c == '\n' || c == '<' || c == '&' || c == '\r';
+}
+
+// Whether an encoding named in a document or by the caller hands character data over as it
+// stands in the input, in one piece per token of the C parser.
+bool isUtf8Name(const char* name) {
+    if (!name) return true;
+    std::string lower(name);
+    for (char& c : lower)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return lower == "utf-8" || lower == "us-ascii";
 }
 
 bool isNamespaceDeclaration(const char* name) {
@@ -111,6 +140,26 @@ struct Parser::Impl {
     bool positionFixed = false; // a run failed: the position stays that of its failure
     Position fixedPosition = {};
 
+    // Plain text (see PlainTextReader). The C parser is fed up to the end of the start tag of an
+    // element whose text the handler takes plain, and when that tag was its last event, the
+    // text goes to the handler from here up to the first byte that needs the C parser, which
+    // goes on from there. Its positions are shifted as behind a run.
+    bool textEnabled = true;
+    PlainTextReader* textReader = nullptr; // the handler, when it takes plain text
+    bool encodingPlain = true;             // the document's encoding allows plain text
+    std::vector<std::string> textPatterns; // the names, searched without their '<', which is
+                                           // much more frequent
+    std::vector<const char*> textHits;     // the next place of each pattern in the current text
+    std::vector<const char*> textSplits;   // behind the start tag found there, or null
+    Ids lastStartIds = {};
+    long long lastStartEnd = -1; // byte behind the last start tag, while its element is open
+    char lastFed[2] = {};        // the last two bytes given to the C parser
+    bool inText = false;
+    Position textBase = {};  // the true position where the text began
+    Position textExpat = {}; // the C parser's position there
+    long textLines = 0;      // line feeds taken since
+    long textTail = 0;       // bytes taken behind the last of them, or since the start
+
     Impl(Handler* h, bool ns, const char* enc)
         : userHandler(h), handler(h ? h : &idle), namespaces(ns), hasEncoding(enc != nullptr),
           encoding(enc ? enc : "") {
@@ -131,6 +180,7 @@ struct Parser::Impl {
         XML_SetElementHandler(xml, &Impl::onStart, &Impl::onEnd);
         XML_SetCharacterDataHandler(xml, &Impl::onCharacters);
         XML_SetAttlistDeclHandler(xml, &Impl::onAttributeDeclaration);
+        XML_SetXmlDeclHandler(xml, &Impl::onXmlDeclaration);
         // Nothing is ever read from outside the text: a reference to an external entity fails
         // the parse instead of being skipped in silence. Parameter entities stay unparsed, so
         // an external DTD is never asked for. Expansion of internal entities keeps the C
@@ -150,6 +200,10 @@ struct Parser::Impl {
         shiftedLine = -1;
         run = nullptr;
         positionFixed = false;
+        encodingPlain = !hasEncoding || isUtf8Name(encoding.c_str());
+        lastStartEnd = -1;
+        lastFed[0] = lastFed[1] = 0;
+        inText = false;
     }
 
     Position expatPosition() const {
@@ -160,6 +214,7 @@ struct Parser::Impl {
     Position position() const {
         if (positionFixed) return fixedPosition;
         if (run) return positionInRun(run->endTag_ ? run->endTag_ : runStart);
+        if (inText) return textPosition();
         const Position p = expatPosition();
         return {p.line + lineShift, p.column + (p.line == shiftedLine ? columnShift : 0)};
     }
@@ -184,10 +239,21 @@ struct Parser::Impl {
         return {runBase.line + lines, tail};
     }
 
+    // The true position reached in plain text.
+    Position textPosition() const {
+        if (textLines == 0) return {textBase.line, textBase.column + textTail};
+        return {textBase.line + textLines, textTail};
+    }
+
     void askRunNames() {
         runNamesAsked = true;
         runNames.clear();
         runPatterns.clear();
+        textPatterns.clear();
+        textReader = textEnabled ? dynamic_cast<PlainTextReader*>(handler) : nullptr;
+        if (textReader)
+            for (const std::string& name : textReader->plainTextNames())
+                if (isPlainName(name)) textPatterns.push_back(name);
         runReader = dynamic_cast<ElementRunReader*>(handler);
         if (!runReader || !runsEnabled || attributesDeclared) return;
         for (std::string& name : runReader->elementRunNames()) {
@@ -199,19 +265,78 @@ struct Parser::Impl {
 
     XML_Status feed(const char* data, std::size_t length, bool isFinal) {
         fed += static_cast<long long>(length);
+        if (length >= 2) {
+            lastFed[0] = data[length - 2];
+            lastFed[1] = data[length - 1];
+        } else if (length == 1) {
+            lastFed[0] = lastFed[1];
+            lastFed[1] = data[0];
+        }
         return XML_Parse(xml, data, static_cast<int>(length), isFinal ? XML_TRUE : XML_FALSE);
     }
 
-    // The text in pieces cut where a run may start: when the C parser has just reported the
-    // end tag written right there, and the handler takes the run, the handler reads it, and
-    // the C parser goes on behind it.
-    XML_Status parseWithRuns(const char* data, std::size_t length, bool isFinal) {
+    // The next place of the start tag of an element taken plain, at or behind `p`, and where
+    // that tag ends; `split` stays null when no end lies in the text.
+    const char* findTextTag(std::size_t i, const char* p, const char* end, const char*& split) {
+        const std::string& name = textPatterns[i];
+        for (const char* from = p;;) {
+            split = nullptr;
+            const std::size_t at =
+                std::string_view(from, static_cast<std::size_t>(end - from)).find(name);
+            if (at == std::string_view::npos) return end;
+            const char* found = from + at;
+            if (found == p || found[-1] != '<') {
+                from = found + 1;
+                continue;
+            }
+            const char* hit = found - 1;
+            const char* q = hit + 1 + name.size();
+            if (q == end) return hit;
+            if (*q != '>' && *q != '/' && *q != ' ' && *q != '\t' && *q != '\n' && *q != '\r') {
+                from = q; // a longer name
+                continue;
+            }
+            // Attribute values may hold '>' but no '<'; the C parser checks the rest.
+            char quote = 0;
+            for (; q != end; ++q) {
+                if (quote) {
+                    if (*q == quote) quote = 0;
+                } else if (*q == '"' || *q == '\'') {
+                    quote = *q;
+                } else if (*q == '>') {
+                    split = q + 1;
+                    break;
+                } else if (*q == '<') {
+                    break;
+                }
+            }
+            return hit;
+        }
+    }
+
+    // The text in pieces cut where a run or plain text may start: when the C parser has just
+    // reported the end tag (or start tag) written right there, and the handler takes the run
+    // (or the text), the handler reads it, and the C parser goes on behind it.
+    XML_Status parseWithSplits(const char* data, std::size_t length, bool isFinal) {
         const char* p = data;
         const char* const end = data + length;
+        if (inText) {
+            p = takeText(p, end);
+            if (stopped) return XML_STATUS_ERROR;
+        }
         runHits.assign(runPatterns.size(), nullptr);
+        textHits.assign(textPatterns.size(), nullptr);
+        textSplits.assign(textPatterns.size(), nullptr);
         for (;;) {
+            if (inText) {
+                // All the rest was plain text.
+                if (!isFinal) return XML_STATUS_OK;
+                leaveText();
+                return feed(end, 0, true);
+            }
             const char* split = nullptr;
             std::size_t which = 0;
+            bool isRun = true;
             for (std::size_t i = 0; i < runPatterns.size(); ++i) {
                 if (!runHits[i] || runHits[i] < p) {
                     const std::size_t at =
@@ -223,19 +348,127 @@ struct Parser::Impl {
                     which = i;
                 }
             }
+            if (split) split += runNames[which].size() + 3;
+            for (std::size_t i = 0; i < textPatterns.size(); ++i) {
+                if (!textHits[i] || textHits[i] < p)
+                    textHits[i] = findTextTag(i, p, end, textSplits[i]);
+                if (textSplits[i] && (!split || textSplits[i] < split)) {
+                    split = textSplits[i];
+                    which = i;
+                    isRun = false;
+                }
+            }
             if (!split) break;
-            const std::size_t endTagBytes = runNames[which].size() + 3;
-            split += endTagBytes;
             const XML_Status status = feed(p, static_cast<std::size_t>(split - p), false);
             p = split;
             if (status != XML_STATUS_OK || stopped) return status;
+            if (!isRun) {
+                if (startText()) p = takeText(p, end);
+                if (stopped) return XML_STATUS_ERROR;
+                continue;
+            }
+            const std::size_t endTagBytes = runNames[which].size() + 3;
             if (runPatterns.empty() || lastEndAt != fed ||
                 lastEndBytes != static_cast<int>(endTagBytes) || handler->ignoreDepth_ > 0)
                 continue;
             p = takeRun(p, end, runNames[which]);
             if (stopped) return XML_STATUS_ERROR;
         }
-        return feed(p, static_cast<std::size_t>(end - p), isFinal);
+        const XML_Status status = feed(p, static_cast<std::size_t>(end - p), isFinal);
+        // A start tag that ends with the piece: its text comes with the next one.
+        if (status == XML_STATUS_OK && !stopped && !isFinal) startText();
+        if (stopped) return XML_STATUS_ERROR;
+        return status;
+    }
+
+    // Whether the handler takes the text behind the start tag the C parser reported last, which
+    // ends where it was fed up to; if so, the text begins.
+    bool startText() {
+        if (!textReader || lastStartEnd != fed || !encodingPlain || handler->ignoreDepth_ > 0)
+            return false;
+        // A start tag written in single bytes ends in '>' behind anything but a zero byte; in
+        // UTF-16 the zero byte of its '>' is on one side or the other.
+        if (lastFed[1] != '>' || lastFed[0] == '\0') return false;
+        lastStartEnd = -1;
+        try {
+            if (!textReader->takesPlainText(lastStartIds.namespaceId, lastStartIds.nameId))
+                return false;
+        } catch (...) {
+            exception = std::current_exception();
+            stopped = true;
+            return false;
+        }
+        textBase = position();
+        textExpat = expatPosition();
+        textLines = textTail = 0;
+        inText = true;
+        return true;
+    }
+
+    // Hands the plain text at `p` to the handler in the pieces the C parser would report: the
+    // characters up to a line feed, the end of the input or a byte before which its character
+    // data always ends, and each line feed by itself. Answers where the C parser goes on, or
+    // `end` when the text may go on in the next input; text that ends in front of another
+    // byte goes to the C parser, which may report it together with what follows.
+    const char* takeText(const char* p, const char* end) {
+        while (p != end) {
+            const char* q = p;
+            if (*q == '\n') {
+                ++q;
+            } else {
+                while (q != end && plainTextBytes[static_cast<unsigned char>(*q)]) ++q;
+                if (q == p || (q != end && !endsCharacterData(*q))) {
+                    leaveText();
+                    return p;
+                }
+            }
+            giveText(p, q);
+            if (stopped) return p;
+            p = q;
+        }
+        return end;
+    }
+
+    void giveText(const char* from, const char* to) {
+        const int length = static_cast<int>(to - from);
+        if (handler->ignoreDepth_ == 0) {
+            try {
+                handler->characterData(from, length);
+            } catch (...) {
+                exception = std::current_exception();
+                stopped = true;
+            }
+        }
+        if (*from == '\n') { // given by itself
+            ++textLines;
+            textTail = 0;
+        } else {
+            textTail += length;
+        }
+        if (stopped) {
+            // The C parser, stopped by a handler, stands behind the piece of the event.
+            fixedPosition = textPosition();
+            positionFixed = true;
+        }
+    }
+
+    // The C parser goes on behind the plain text: its positions are shifted by what it missed.
+    void leaveText() {
+        inText = false;
+        shiftBehind(textExpat, textLines, textTail);
+    }
+
+    // Shifts the C parser's positions behind text it did not see, which began where it stood at
+    // `at` and held `lines` line feeds and `tail` bytes behind the last of them.
+    void shiftBehind(Position at, long lines, long tail) {
+        const long shiftBefore = at.line == shiftedLine ? columnShift : 0;
+        if (lines == 0) {
+            columnShift = shiftBefore + tail;
+        } else {
+            lineShift += lines;
+            columnShift = tail - at.column;
+        }
+        shiftedLine = at.line;
     }
 
     // Hands the run at `at` to the handler, if it takes one; answers where the C parser goes
@@ -263,14 +496,7 @@ struct Parser::Impl {
         long lines;
         long tail;
         countLines(stop, lines, tail);
-        const long shiftBefore = runExpat.line == shiftedLine ? columnShift : 0;
-        if (lines == 0) {
-            columnShift = shiftBefore + tail;
-        } else {
-            lineShift += lines;
-            columnShift = tail - runExpat.column;
-        }
-        shiftedLine = runExpat.line;
+        shiftBehind(runExpat, lines, tail);
         return stop;
     }
 
@@ -316,11 +542,19 @@ struct Parser::Impl {
         return known;
     }
 
+    // Keeps where the start tag just reported ends. In the text of an entity, it is not in the
+    // input, but the element also ends there.
+    void noteStart(Ids ids) {
+        lastStartIds = ids;
+        lastStartEnd = XML_GetCurrentByteIndex(xml) + XML_GetCurrentByteCount(xml);
+    }
+
     // The callbacks of the C parser. None of them lets an exception pass.
 
     static void XMLCALL onStart(void* data, const XML_Char* name, const XML_Char** atts) {
         auto* self = static_cast<Impl*>(data);
         if (self->stopped) return;
+        self->lastStartEnd = -1;
         try {
             Handler& handler = *self->handler;
             if (handler.ignoreDepth_ > 0) {
@@ -339,6 +573,7 @@ struct Parser::Impl {
             }
             self->openElements.push_back(ids);
             handler.startElement(ids.namespaceId, ids.nameId, self->attributes);
+            if (self->textReader) self->noteStart(ids);
         } catch (...) {
             self->fail(std::current_exception());
         }
@@ -346,6 +581,7 @@ struct Parser::Impl {
 
     static void XMLCALL onEnd(void* data, const XML_Char*) {
         auto* self = static_cast<Impl*>(data);
+        self->lastStartEnd = -1;
         if (self->stopped || self->openElements.empty()) return;
         try {
             Handler& handler = *self->handler;
@@ -388,6 +624,12 @@ struct Parser::Impl {
         self->runPatterns.clear();
     }
 
+    static void XMLCALL onXmlDeclaration(void* data, const XML_Char*, const XML_Char* encoding,
+                                         int) {
+        auto* self = static_cast<Impl*>(data);
+        if (!self->hasEncoding && !isUtf8Name(encoding)) self->encodingPlain = false;
+    }
+
     static int XMLCALL onExternalEntity(XML_Parser, const XML_Char*, const XML_Char*,
                                         const XML_Char*, const XML_Char*) {
         return XML_STATUS_ERROR;
@@ -402,6 +644,7 @@ Parser::Parser(const Parser& other)
                                    other.impl_->hasEncoding ? other.impl_->encoding.c_str()
                                                             : nullptr)) {
     impl_->runsEnabled = other.impl_->runsEnabled;
+    impl_->textEnabled = other.impl_->textEnabled;
 }
 
 Parser& Parser::operator=(const Parser& other) {
@@ -411,6 +654,7 @@ Parser& Parser::operator=(const Parser& other) {
                                             other.impl_->hasEncoding ? other.impl_->encoding.c_str()
                                                                      : nullptr);
         fresh->runsEnabled = other.impl_->runsEnabled;
+        fresh->textEnabled = other.impl_->textEnabled;
         impl_ = std::move(fresh);
     }
     return *this;
@@ -429,8 +673,10 @@ bool Parser::parse(const char* data, int length, bool isFinal) {
     XML_Status result;
     try {
         if (!s.runNamesAsked) s.askRunNames();
-        if (!s.runPatterns.empty() && length > 0 && data) {
-            result = s.parseWithRuns(data, static_cast<std::size_t>(length), isFinal);
+        if (s.inText ||
+            ((!s.runPatterns.empty() || !s.textPatterns.empty()) && length > 0 && data)) {
+            result =
+                s.parseWithSplits(data, length > 0 ? static_cast<std::size_t>(length) : 0, isFinal);
         } else {
             // Counted all the same: a run must find the count exact whenever it is asked.
             if (length > 0) s.fed += length;
@@ -470,6 +716,16 @@ void Parser::setElementRuns(bool on) {
 
 bool Parser::elementRuns() const {
     return impl_->runsEnabled;
+}
+
+void Parser::setPlainText(bool on) {
+    if (impl_->inParse) return;
+    impl_->textEnabled = on;
+    impl_->runNamesAsked = false;
+}
+
+bool Parser::plainText() const {
+    return impl_->textEnabled;
 }
 
 const char* Parser::errorText() const {

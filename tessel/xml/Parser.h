@@ -56,6 +56,13 @@ public:
     void setElementRuns(bool on);
     bool elementRuns() const;
 
+    /// Whether the text of elements that a handler takes plain (PlainTextReader) goes to it
+    /// straight from the input; on by default, and kept by copies. As with runs, the handler
+    /// sees the same document either way and the positions are the same. Takes effect from the
+    /// next document.
+    void setPlainText(bool on);
+    bool plainText() const;
+
 private:
     struct Impl;
     std::unique_ptr<Impl> impl_;

@@ -1,0 +1,260 @@
+// Raster words taken as plain text straight from the input against the same documents read
+// through the parser's ordinary events: random rasters mix plain words with every form that must
+// leave the plain text (references, CDATA, comments, carriage returns, other characters, bad
+// words, words too few or too many), cut into random pieces.
+#include "document/ZpxTestHelpers.h"
+
+#include <grafel/primitives/ColorArray2d.h>
+#include <grafel/primitives/DensityArray2d.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace ZpxTest;
+
+std::vector<std::string>& positioned() {
+    static std::vector<std::string> all;
+    return all;
+}
+Tessel::Xml::Parser*& reportingParser() {
+    static Tessel::Xml::Parser* parser = nullptr;
+    return parser;
+}
+// Every report with the parser's position at the time, as a host's report would show it.
+void collectPositioned(const char* format, va_list args) {
+    char text[512];
+    std::vsnprintf(text, sizeof text, format, args);
+    const Tessel::Xml::Parser* p = reportingParser();
+    positioned().push_back(std::to_string(p->currentLine()) + ":" +
+                           std::to_string(p->currentColumn()) + " " + text);
+}
+
+int textsTaken = 0;
+
+class CountingHandler : public ZpxParserHandler {
+public:
+    using ZpxParserHandler::ZpxParserHandler;
+    bool takesPlainText(int ns, int id) override {
+        const bool takes = ZpxParserHandler::takesPlainText(ns, id);
+        textsTaken += takes;
+        return takes;
+    }
+};
+
+struct Outcome {
+    bool ok = true;
+    std::string error;
+    long line = 0;
+    long column = 0;
+    std::vector<std::string> reports;
+    std::string document;
+};
+
+Outcome loadInPieces(const std::string& text, const std::vector<std::size_t>& cuts, bool plain) {
+    PlotDocument doc;
+    positioned().clear();
+    doc.domErrorHdl(&collectPositioned);
+    CountingHandler handler(&doc, false, &collectPositioned);
+    ZpxParser parser(&handler, true, nullptr);
+    parser.setPlainText(plain);
+    reportingParser() = &parser;
+    Outcome out;
+    std::size_t at = 0;
+    for (std::size_t i = 0; out.ok && i <= cuts.size(); ++i) {
+        const std::size_t to = i < cuts.size() ? cuts[i] : text.size();
+        out.ok = parser.parseSave(text.data() + at, static_cast<int>(to - at), to == text.size());
+        at = to;
+    }
+    out.error = parser.errorText();
+    out.line = parser.currentLine();
+    out.column = parser.currentColumn();
+    out.reports = positioned();
+    std::ostringstream written;
+    written.precision(17);
+    doc.putXml(written);
+    out.document = written.str();
+    reportingParser() = nullptr;
+    return out;
+}
+
+class RasterMaker {
+public:
+    explicit RasterMaker(unsigned seed) : random_(seed) {}
+
+    std::string make() {
+        faults_ = pick(2) == 0;
+        std::string text = "<?xml version=\"1.0\"";
+        static const char* const encodings[] = {"", " encoding=\"UTF-8\"", " encoding=\"us-ascii\"",
+                                                " encoding=\"ISO-8859-1\""};
+        latin1_ = false;
+        if (pick(4) == 0) {
+            const int e = pick(4);
+            text += encodings[e];
+            latin1_ = e == 3;
+        }
+        text += "?>\n";
+        if (pick(10) == 0) text += "<!DOCTYPE Canvas [<!ENTITY w \"1 2\">]>\n";
+        text += "<Canvas xmlns=\"";
+        text += zpxNamespaceUri;
+        text += "\"><Scene2d><CoordinateSystem2d><Obj2d Type=\"Density\"><Img2d>";
+        text += pick(3) == 0 ? "\n" : "";
+        text += raster();
+        text += "</Img2d></Obj2d></CoordinateSystem2d></Scene2d></Canvas>\n";
+        if (faults_ && pick(20) == 0) text.resize(static_cast<std::size_t>(pick(int(text.size()))));
+        if (!latin1_ && pick(15) == 0) return utf16(text, pick(2) == 0);
+        return text;
+    }
+
+    // The document in UTF-16, when it is ASCII; '~', and the digits of the array's text, become
+    // characters whose two bytes are printable ASCII.
+    static std::string utf16(const std::string& text, bool bigEndian) {
+        std::string out;
+        const std::size_t array = text.find("Array2d");
+        const std::size_t from = text.find('>', array);
+        const std::size_t to = text.find('<', from);
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            const char c = text[i];
+            if (static_cast<unsigned char>(c) >= 0x80) return text;
+            const bool wide = c == '~' || (array != std::string::npos && i > from && i < to &&
+                                           c >= '0' && c <= '9');
+            const char unit[2] = {wide ? '\x31' : '\0', wide ? '2' : c};
+            out += unit[bigEndian ? 0 : 1];
+            out += unit[bigEndian ? 1 : 0];
+        }
+        return out;
+    }
+
+    std::vector<std::size_t> cuts(std::size_t size) {
+        std::vector<std::size_t> at;
+        if (size < 2 || pick(4) == 0) return at;
+        const std::size_t piece = pick(4) == 0 ? 1 : 1 + pick(static_cast<int>(size));
+        for (std::size_t c = piece; c < size; c += 1 + pick(static_cast<int>(2 * piece)))
+            at.push_back(c);
+        return at;
+    }
+
+private:
+    int pick(int n) { return std::uniform_int_distribution<int>(0, n - 1)(random_); }
+
+    std::string word(bool colors) {
+        char text[40];
+        if (colors) {
+            std::snprintf(text, sizeof text, pick(4) ? "#%06x" : "#%08x", pick(1 << 24));
+            return text;
+        }
+        const double v = std::uniform_real_distribution<double>(-1e4, 1e4)(random_);
+        switch (pick(4)) {
+        case 0:
+            std::snprintf(text, sizeof text, "%.17g", v);
+            break;
+        case 1:
+            std::snprintf(text, sizeof text, "%g", v);
+            break;
+        case 2:
+            std::snprintf(text, sizeof text, "%.3e", v / 1e8);
+            break;
+        default:
+            std::snprintf(text, sizeof text, "%d", pick(100));
+            break;
+        }
+        return text;
+    }
+
+    std::string gap() {
+        static const char* const gaps[] = {" ", " ", " ", "  ", "\t", "\n", " \n\t", "\n\n"};
+        return gaps[pick(8)];
+    }
+
+    // Something the plain text must give back to the ordinary way, or that fails the load.
+    std::string odd(bool colors) {
+        static const char* const forms[] = {"&#32;",
+                                            "&amp;",
+                                            "<!-- c -->",
+                                            "<?p x?>",
+                                            "\r\n",
+                                            "\r",
+                                            "]",
+                                            "\xc3\xa9",
+                                            "\x7f",
+                                            "&w;",
+                                            "<![CDATA[1 2]]>",
+                                            "]]>",
+                                            "\x01",
+                                            "<b/>",
+                                            " x1",
+                                            " abc",
+                                            " #zz",
+                                            " ~~",
+                                            "\xe9",
+                                            "\t\n"};
+        std::string form = forms[pick(20)];
+        if (form == "&w;" && colors) form = " ";
+        if (form == "\xe9" && !latin1_) form = "\xc3\xa9";
+        return form;
+    }
+
+    std::string raster() {
+        const bool colors = pick(2) == 0;
+        const char* tag = colors ? "ColorArray2d" : "DensityArray2d";
+        const int x = 1 + pick(5);
+        const int y = 1 + pick(5);
+        int words = x * y;
+        if (faults_ && pick(8) == 0) words += pick(5) - 2;
+        std::string open = std::string("<") + tag + " XMesh=\"" + std::to_string(x) +
+                           "\" YMesh=\"" + std::to_string(y) + "\"";
+        if (pick(8) == 0) open += " id='a>b'";
+        if (pick(8) == 0) open += "\n";
+        std::string text = pick(4) == 0 ? gap() : pick(8) == 0 ? odd(colors) : "";
+        for (int i = 0; i < words; ++i) {
+            text += (i ? gap() : "") + word(colors);
+            if (pick(faults_ ? 5 : 40) == 0) text += odd(colors);
+        }
+        if (pick(3) == 0) text += gap();
+        switch (pick(20)) {
+        case 0:
+            return open + "/>";
+        case 1:
+            return std::string("<z:") + tag + open.substr(1) + " xmlns:z=\"" + zpxNamespaceUri +
+                   "\">" + text + "</z:" + tag + ">";
+        default:
+            return open + ">" + text + "</" + tag + ">";
+        }
+    }
+
+    std::mt19937 random_;
+    bool faults_ = false;
+    bool latin1_ = false;
+};
+
+TEST(RasterPlainText, ReadAsThroughTheOrdinaryEvents) {
+    RasterMaker maker(20261124);
+    int failed = 0;
+    textsTaken = 0;
+    for (int i = 0; i < 3000; ++i) {
+        const std::string text = maker.make();
+        const std::vector<std::size_t> cuts = maker.cuts(text.size());
+        const Outcome ordinary = loadInPieces(text, cuts, false);
+        const Outcome plain = loadInPieces(text, cuts, true);
+        failed += !ordinary.ok;
+        SCOPED_TRACE("document " + std::to_string(i) + ":\n" + text);
+        ASSERT_EQ(ordinary.ok, plain.ok);
+        ASSERT_EQ(ordinary.error, plain.error);
+        ASSERT_EQ(ordinary.reports, plain.reports);
+        ASSERT_EQ(ordinary.line, plain.line);
+        ASSERT_EQ(ordinary.column, plain.column);
+        ASSERT_EQ(ordinary.document, plain.document);
+    }
+    // Both outcomes, and plain text, occur often enough to mean something.
+    EXPECT_GT(failed, 300);
+    EXPECT_LT(failed, 2700);
+    EXPECT_GT(textsTaken, 1500);
+}
+
+} // namespace
