@@ -5,34 +5,17 @@
 
 #include <grafel/tessel/xml/ElementRun.h>
 
+#include "support/FastPathOracle.h"
+
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <random>
-#include <sstream>
 #include <string>
 #include <vector>
 
 namespace {
 
 using namespace ZpxTest;
-
-// Every report with the parser's position at the time, as a host's report would show it.
-std::vector<std::string>& positioned() {
-    static std::vector<std::string> all;
-    return all;
-}
-Tessel::Xml::Parser*& reportingParser() {
-    static Tessel::Xml::Parser* parser = nullptr;
-    return parser;
-}
-void collectPositioned(const char* format, va_list args) {
-    char text[512];
-    std::vsnprintf(text, sizeof text, format, args);
-    const Tessel::Xml::Parser* p = reportingParser();
-    positioned().push_back(std::to_string(p->currentLine()) + ":" +
-                           std::to_string(p->currentColumn()) + " " + text);
-}
 
 int runsTaken = 0;
 
@@ -44,42 +27,6 @@ public:
         TestHandler::elementRun(ns, id, run);
     }
 };
-
-struct Outcome {
-    bool ok = true;
-    std::string error;
-    long line = 0;
-    long column = 0;
-    std::vector<std::string> reports;
-    std::string document;
-};
-
-Outcome loadInPieces(const std::string& text, const std::vector<std::size_t>& cuts, bool runs) {
-    PlotDocument doc;
-    positioned().clear();
-    doc.domErrorHdl(&collectPositioned);
-    CountingHandler handler(&doc, false, &collectPositioned);
-    ZpxParser parser(&handler, true, nullptr);
-    parser.setElementRuns(runs);
-    reportingParser() = &parser;
-    Outcome out;
-    std::size_t at = 0;
-    for (std::size_t i = 0; out.ok && i <= cuts.size(); ++i) {
-        const std::size_t to = i < cuts.size() ? cuts[i] : text.size();
-        out.ok = parser.parseSave(text.data() + at, static_cast<int>(to - at), to == text.size());
-        at = to;
-    }
-    out.error = parser.errorText();
-    out.line = parser.currentLine();
-    out.column = parser.currentColumn();
-    out.reports = positioned();
-    std::ostringstream written;
-    written.precision(17);
-    doc.putXml(written);
-    out.document = written.str();
-    reportingParser() = nullptr;
-    return out;
-}
 
 class DocumentMaker {
 public:
@@ -214,22 +161,9 @@ private:
 TEST(ZpxPointRuns, ReadAsEveryElementByItself) {
     TestClasses classes;
     DocumentMaker maker(20261123);
-    int failed = 0;
     runsTaken = 0;
-    for (int i = 0; i < 3000; ++i) {
-        const std::string text = maker.make();
-        const std::vector<std::size_t> cuts = maker.cuts(text.size());
-        const Outcome one = loadInPieces(text, cuts, false);
-        const Outcome runs = loadInPieces(text, cuts, true);
-        failed += !one.ok;
-        SCOPED_TRACE("document " + std::to_string(i) + ":\n" + text);
-        ASSERT_EQ(one.ok, runs.ok);
-        ASSERT_EQ(one.error, runs.error);
-        ASSERT_EQ(one.reports, runs.reports);
-        ASSERT_EQ(one.line, runs.line);
-        ASSERT_EQ(one.column, runs.column);
-        ASSERT_EQ(one.document, runs.document);
-    }
+    const int failed = TestSupport::compareFastPath<CountingHandler>(
+        maker, 3000, [](Tessel::Xml::Parser& parser, bool on) { parser.setElementRuns(on); });
     // Both outcomes, and the runs, occur often enough to mean something.
     EXPECT_GT(failed, 300);
     EXPECT_LT(failed, 2700);

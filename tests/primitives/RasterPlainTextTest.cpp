@@ -7,34 +7,17 @@
 #include <grafel/primitives/ColorArray2d.h>
 #include <grafel/primitives/DensityArray2d.h>
 
+#include "support/FastPathOracle.h"
+
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <random>
-#include <sstream>
 #include <string>
 #include <vector>
 
 namespace {
 
 using namespace ZpxTest;
-
-std::vector<std::string>& positioned() {
-    static std::vector<std::string> all;
-    return all;
-}
-Tessel::Xml::Parser*& reportingParser() {
-    static Tessel::Xml::Parser* parser = nullptr;
-    return parser;
-}
-// Every report with the parser's position at the time, as a host's report would show it.
-void collectPositioned(const char* format, va_list args) {
-    char text[512];
-    std::vsnprintf(text, sizeof text, format, args);
-    const Tessel::Xml::Parser* p = reportingParser();
-    positioned().push_back(std::to_string(p->currentLine()) + ":" +
-                           std::to_string(p->currentColumn()) + " " + text);
-}
 
 int textsTaken = 0;
 
@@ -47,42 +30,6 @@ public:
         return takes;
     }
 };
-
-struct Outcome {
-    bool ok = true;
-    std::string error;
-    long line = 0;
-    long column = 0;
-    std::vector<std::string> reports;
-    std::string document;
-};
-
-Outcome loadInPieces(const std::string& text, const std::vector<std::size_t>& cuts, bool plain) {
-    PlotDocument doc;
-    positioned().clear();
-    doc.domErrorHdl(&collectPositioned);
-    CountingHandler handler(&doc, false, &collectPositioned);
-    ZpxParser parser(&handler, true, nullptr);
-    parser.setPlainText(plain);
-    reportingParser() = &parser;
-    Outcome out;
-    std::size_t at = 0;
-    for (std::size_t i = 0; out.ok && i <= cuts.size(); ++i) {
-        const std::size_t to = i < cuts.size() ? cuts[i] : text.size();
-        out.ok = parser.parseSave(text.data() + at, static_cast<int>(to - at), to == text.size());
-        at = to;
-    }
-    out.error = parser.errorText();
-    out.line = parser.currentLine();
-    out.column = parser.currentColumn();
-    out.reports = positioned();
-    std::ostringstream written;
-    written.precision(17);
-    doc.putXml(written);
-    out.document = written.str();
-    reportingParser() = nullptr;
-    return out;
-}
 
 class RasterMaker {
 public:
@@ -235,22 +182,9 @@ private:
 
 TEST(RasterPlainText, ReadAsThroughTheOrdinaryEvents) {
     RasterMaker maker(20261124);
-    int failed = 0;
     textsTaken = 0;
-    for (int i = 0; i < 3000; ++i) {
-        const std::string text = maker.make();
-        const std::vector<std::size_t> cuts = maker.cuts(text.size());
-        const Outcome ordinary = loadInPieces(text, cuts, false);
-        const Outcome plain = loadInPieces(text, cuts, true);
-        failed += !ordinary.ok;
-        SCOPED_TRACE("document " + std::to_string(i) + ":\n" + text);
-        ASSERT_EQ(ordinary.ok, plain.ok);
-        ASSERT_EQ(ordinary.error, plain.error);
-        ASSERT_EQ(ordinary.reports, plain.reports);
-        ASSERT_EQ(ordinary.line, plain.line);
-        ASSERT_EQ(ordinary.column, plain.column);
-        ASSERT_EQ(ordinary.document, plain.document);
-    }
+    const int failed = TestSupport::compareFastPath<CountingHandler>(
+        maker, 3000, [](Tessel::Xml::Parser& parser, bool on) { parser.setPlainText(on); });
     // Both outcomes, and plain text, occur often enough to mean something.
     EXPECT_GT(failed, 300);
     EXPECT_LT(failed, 2700);
