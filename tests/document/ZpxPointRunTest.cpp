@@ -28,9 +28,9 @@ public:
     }
 };
 
-class DocumentMaker {
+class DocumentMaker : public TestSupport::RandomParts {
 public:
-    explicit DocumentMaker(unsigned seed) : random_(seed) {}
+    using RandomParts::RandomParts;
 
     std::string make() {
         std::string text = "<?xml version=\"1.0\"?>\n<Canvas xmlns=\"";
@@ -60,28 +60,6 @@ public:
     }
 
 private:
-    int pick(int n) { return std::uniform_int_distribution<int>(0, n - 1)(random_); }
-
-    std::string number() {
-        char text[40];
-        const double v = std::uniform_real_distribution<double>(-1e4, 1e4)(random_);
-        switch (pick(4)) {
-        case 0:
-            std::snprintf(text, sizeof text, "%.17g", v);
-            break;
-        case 1:
-            std::snprintf(text, sizeof text, "%g", v);
-            break;
-        case 2:
-            std::snprintf(text, sizeof text, "%.3e", v / 1e8);
-            break;
-        default:
-            std::snprintf(text, sizeof text, "%d", pick(100));
-            break;
-        }
-        return text;
-    }
-
     std::string gap() {
         static const char* const gaps[] = {" ", " ", " ", "  ", "\t", "\n", " \n\t"};
         return gaps[pick(7)];
@@ -154,7 +132,6 @@ private:
         return open + text + close + between;
     }
 
-    std::mt19937 random_;
     bool faults_ = false; // whether the document may hold points that fail the load
 };
 

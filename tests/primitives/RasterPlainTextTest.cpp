@@ -31,9 +31,9 @@ public:
     }
 };
 
-class RasterMaker {
+class RasterMaker : public TestSupport::RandomParts {
 public:
-    explicit RasterMaker(unsigned seed) : random_(seed) {}
+    using RandomParts::RandomParts;
 
     std::string make() {
         faults_ = pick(2) == 0;
@@ -88,30 +88,13 @@ public:
     }
 
 private:
-    int pick(int n) { return std::uniform_int_distribution<int>(0, n - 1)(random_); }
-
     std::string word(bool colors) {
         char text[40];
         if (colors) {
             std::snprintf(text, sizeof text, pick(4) ? "#%06x" : "#%08x", pick(1 << 24));
             return text;
         }
-        const double v = std::uniform_real_distribution<double>(-1e4, 1e4)(random_);
-        switch (pick(4)) {
-        case 0:
-            std::snprintf(text, sizeof text, "%.17g", v);
-            break;
-        case 1:
-            std::snprintf(text, sizeof text, "%g", v);
-            break;
-        case 2:
-            std::snprintf(text, sizeof text, "%.3e", v / 1e8);
-            break;
-        default:
-            std::snprintf(text, sizeof text, "%d", pick(100));
-            break;
-        }
-        return text;
+        return number();
     }
 
     std::string gap() {
@@ -175,7 +158,6 @@ private:
         }
     }
 
-    std::mt19937 random_;
     bool faults_ = false;
     bool latin1_ = false;
 };

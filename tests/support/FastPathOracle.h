@@ -9,6 +9,7 @@
 
 #include <cstdarg>
 #include <cstdio>
+#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -74,6 +75,38 @@ LoadOutcome loadInPieces(const std::string& text, const std::vector<std::size_t>
     detail::reportingParser() = nullptr;
     return out;
 }
+
+/// The random choices that document makers for these comparisons share.
+class RandomParts {
+public:
+    explicit RandomParts(unsigned seed) : random_(seed) {}
+
+protected:
+    /// 0 to n - 1.
+    int pick(int n) { return std::uniform_int_distribution<int>(0, n - 1)(random_); }
+    /// A number in one of the forms writers use: exact, short, with an exponent, an integer.
+    std::string number() {
+        char text[40];
+        const double v = std::uniform_real_distribution<double>(-1e4, 1e4)(random_);
+        switch (pick(4)) {
+        case 0:
+            std::snprintf(text, sizeof text, "%.17g", v);
+            break;
+        case 1:
+            std::snprintf(text, sizeof text, "%g", v);
+            break;
+        case 2:
+            std::snprintf(text, sizeof text, "%.3e", v / 1e8);
+            break;
+        default:
+            std::snprintf(text, sizeof text, "%d", pick(100));
+            break;
+        }
+        return text;
+    }
+
+    std::mt19937 random_;
+};
 
 /// Loads `count` documents of `maker` (make(), cuts(size)) with the fast path off and on
 /// (`setFastPath(parser, on)`), failing at the first difference; answers how many failed to load.
