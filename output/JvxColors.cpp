@@ -10,7 +10,10 @@ namespace Grafel::detail {
 namespace {
 constexpr double eps = 2.220446049250313e-16;
 
+// A component outside 0..255 wraps, as the colour arithmetic always has; a value that no long
+// holds (a cell that is infinite or not a number, or beyond 2^63) has no such wrap and gives 0.
 unsigned long trunc255(double x) {
+    if (!(std::fabs(x) < 9.2233720368547758e18)) return 0;
     return static_cast<unsigned long>(static_cast<long>(x));
 }
 } // namespace

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
 #include <sstream>
 
 namespace {
@@ -256,6 +258,15 @@ TEST(JvxGeometry, ColourFunctionsOverTheRange) {
               RGBA(64, 0, 0, 255));
     // A flat range keeps the first colour with its alpha.
     EXPECT_EQ(ColorWriter(rainbow, RGBA(1, 2, 3, 4), blue, 1, 1).colorOf(7), RGBA(1, 2, 3, 4));
+    // A value or range that is not finite gives black rather than an undefined conversion
+    // (found by fuzzing: a raster cell "inf").
+    const double inf = std::numeric_limits<double>::infinity();
+    for (const ColorWriter& w : {ColorWriter(rainbow, red, blue, 0, inf),
+                                 ColorWriter(getToken(id_Dichromatic), red, blue, 0, inf),
+                                 ColorWriter(getToken(id_Monochrome), red, blue, -inf, 1)})
+        EXPECT_EQ(w.colorOf(inf), RGBA(0, 0, 0, 255));
+    EXPECT_EQ(ColorWriter(getToken(id_Monochrome), red, blue, 0, 1).colorOf(std::nan("")),
+              RGBA(0, 0, 0, 255));
 
     // Without a viewing box the range is 0 to 0: the asymptote has no length.
     const Model m = model(
