@@ -8,7 +8,7 @@ namespace Grafel {
 namespace {
 
 /// Beside the coordinates, a point takes at most the four components of a colour.
-constexpr long maxColorItems = 4;
+constexpr unsigned maxColorItems = 4;
 
 } // namespace
 
@@ -28,8 +28,12 @@ Arbor::Node* SymbolicPoint::completeClone(SymbolicPoint* copy, bool deep) const 
 }
 
 bool SymbolicPoint::mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) {
-    const long after = detail::itemsAfterChange(items(), first, count, newFirst);
-    return after >= long(coordinates_) && after <= long(coordinates_) + maxColorItems;
+    return detail::itemsFit(detail::itemsAfterChange(items(), first, count, newFirst),
+                            contentCount());
+}
+
+ChildCount SymbolicPoint::contentCount() const {
+    return {coordinates_, coordinates_ + maxColorItems};
 }
 
 void SymbolicPoint::putCmd(CmdOStream& out) {

@@ -13,6 +13,10 @@ public:
     /// Allows a change after which the point has IExpr children only, at least as many as it
     /// has coordinates and at most four more. Refuses without a report.
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
+    ChildRole childRole(Arbor::Token tag) const override {
+        return tag == tok_IExpr ? ChildRole::Content : ChildRole::None;
+    }
+    ChildCount contentCount() const override;
     /// An item "[x,y]", with the further expressions as a nested list: "[x,y,[r,g,b]]".
     void putCmd(CmdOStream& out) override;
 

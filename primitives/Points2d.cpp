@@ -5,7 +5,7 @@
 namespace Grafel {
 
 bool SymbolicPoints::mayReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newFirst) {
-    return detail::allIncomingNamed(newFirst, pointTag());
+    return contentOnly(newFirst);
 }
 
 void SymbolicPoints::putCmd(CmdOStream& out) {

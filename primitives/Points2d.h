@@ -14,6 +14,9 @@ public:
     /// Allows a change that brings in only points of the list's own kind; refuses without a
     /// report.
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
+    ChildRole childRole(Arbor::Token tag) const override {
+        return tag == pointTag() ? ChildRole::Content : ChildRole::None;
+    }
     /// An item: the tag, "=", then "[", a line break, the points and "]"; or "NIL" when empty.
     void putCmd(CmdOStream& out) override;
 

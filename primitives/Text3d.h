@@ -32,6 +32,7 @@ public:
     /// Allows any removal. An addition is allowed when its first node is a text node; only
     /// that one is looked at. Otherwise reports "not a text node child".
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
+    bool takesText() const override { return true; }
 
 protected:
     explicit Text3d(Arbor::Document* document) : ElementClass(document) {}

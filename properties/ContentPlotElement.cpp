@@ -6,6 +6,10 @@ bool ContentPlotElement::allowedContentChild(Arbor::Node* child) const {
     return allowedContentChild(child->nodeName());
 }
 
+ChildRole ContentPlotElement::childRole(Arbor::Token tag) const {
+    return allowedContentChild(tag) ? ChildRole::Content : ChildRole::None;
+}
+
 bool ContentPlotElement::mayReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newFirst) {
     for (Arbor::Node* n = newFirst; n; n = n->nextInChain())
         if (!allowedContentChild(n)) {
@@ -14,6 +18,13 @@ bool ContentPlotElement::mayReplaceChildren(Arbor::Node*, unsigned, Arbor::Node*
             return false;
         }
     return true;
+}
+
+ChildRole OptionedPlotElement::childRole(Arbor::Token tag) const {
+    const int flag = tagNameToOptionChildFlag(tag);
+    if (flag == 0) return ContentPlotElement::childRole(tag);
+    if (!(allowedOptionChildren() & flag)) return ChildRole::None;
+    return mandatoryOptionChildren() & flag ? ChildRole::MandatoryOption : ChildRole::Option;
 }
 
 long OptionedPlotElement::remainingOptions(Arbor::Node* first, unsigned count) const {

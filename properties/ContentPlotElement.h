@@ -11,6 +11,7 @@ namespace Grafel {
 class ContentPlotElement : public PlotElement {
 public:
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
+    ChildRole childRole(Arbor::Token tag) const override;
     ContentPlotElement(const ContentPlotElement& other) = default;
 
 protected:
@@ -27,6 +28,7 @@ class OptionedPlotElement : public ContentPlotElement {
 public:
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
     void replaceChildrenRaw(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
+    ChildRole childRole(Arbor::Token tag) const override;
     /// A copy stands without children, so it starts with no option child either.
     OptionedPlotElement(const OptionedPlotElement& other) : ContentPlotElement(other) {}
     /// Assigns values, not children: the option mask stays that of this element's children.

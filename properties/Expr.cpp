@@ -89,7 +89,11 @@ void Expr::putCmd(CmdOStream& out) {
 }
 
 bool ExprSeq::mayReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newFirst) {
-    return detail::allIncomingNamed(newFirst, tok_IExpr);
+    return contentOnly(newFirst);
+}
+
+ChildRole ExprSeq::childRole(Token tag) const {
+    return tag == tok_IExpr ? ChildRole::Content : ChildRole::None;
 }
 
 void ExprSeq::putCmd(CmdOStream& out) {
@@ -107,8 +111,8 @@ void ExprSeq::putCmd(CmdOStream& out) {
 
 namespace {
 
-constexpr long minColorItems = 1;
-constexpr long maxColorItems = 4;
+constexpr unsigned minColorItems = 1;
+constexpr unsigned maxColorItems = 4;
 
 } // namespace
 
@@ -135,8 +139,16 @@ PlotElement* ColorFunc::create(Arbor::Document* document) {
 }
 
 bool ColorFunc::mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) {
-    const long items = detail::itemsAfterChange(long(this->items()), first, count, newFirst);
-    return items >= minColorItems && items <= maxColorItems;
+    return detail::itemsFit(detail::itemsAfterChange(long(items()), first, count, newFirst),
+                            contentCount());
+}
+
+ChildRole ColorFunc::childRole(Token tag) const {
+    return tag == tok_IExpr ? ChildRole::Content : ChildRole::None;
+}
+
+ChildCount ColorFunc::contentCount() const {
+    return {minColorItems, maxColorItems};
 }
 
 bool ColorFunc::isVoid() const {

@@ -63,6 +63,8 @@ public:
 
     /// Every new child must be an IExpr; refuses without a report.
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
+    ChildRole childRole(Arbor::Token tag) const override;
+    bool takesText() const override { return false; }
     /// An item: Opt, "=", then "[" the children separated by "," "]", or "NIL" without
     /// children.
     void putCmd(CmdOStream& out) override;
@@ -87,6 +89,9 @@ public:
     /// Counts from the present entries; the result must lie in 1 to 4, and every new child
     /// must be an IExpr. Refuses without a report.
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
+    ChildRole childRole(Arbor::Token tag) const override;
+    ChildCount contentCount() const override;
+    bool takesText() const override { return false; }
     /// Nothing when void, else the kernel's form.
     std::ostream& putXml(std::ostream& out) override;
     /// An item: Opt, "=", then the entries separated by ",", in "(" ")" for one entry and in

@@ -11,12 +11,6 @@ namespace Grafel {
 
 namespace detail {
 
-bool allIncomingNamed(Arbor::Node* newFirst, Arbor::Token tag) {
-    for (Arbor::Node* n = newFirst; n; n = n->nextInChain())
-        if (n->nodeName() != tag) return false;
-    return true;
-}
-
 long itemsAfterChange(long present, Arbor::Node* first, unsigned count, Arbor::Node* newFirst) {
     for (Arbor::Node* n = first; n && count; n = n->nextSibling(), --count) --present;
     for (Arbor::Node* n = newFirst; n; n = n->nextInChain()) {
@@ -81,7 +75,13 @@ template <TokenId Tag, unsigned Items>
 bool FixedHolder<Tag, Items>::mayReplaceChildren(Arbor::Node* first, unsigned count,
                                                  Arbor::Node* newFirst) {
     // The present children are not counted: a holder is complete from its construction.
-    return detail::itemsAfterChange(Items, first, count, newFirst) == long{Items};
+    return detail::itemsFit(detail::itemsAfterChange(Items, first, count, newFirst),
+                            contentCount());
+}
+
+template <TokenId Tag, unsigned Items>
+ChildRole FixedHolder<Tag, Items>::childRole(Arbor::Token tag) const {
+    return tag == tok_IExpr ? ChildRole::Content : ChildRole::None;
 }
 
 template <TokenId Tag, unsigned Items> bool FixedHolder<Tag, Items>::isVoid() const {

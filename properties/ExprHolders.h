@@ -23,6 +23,8 @@ public:
     /// Allows only a change that replaces entries one for one by IExpr elements; refuses
     /// without a report.
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
+    ChildRole childRole(Arbor::Token tag) const override;
+    ChildCount contentCount() const override { return {Items, Items}; }
     /// Nothing when void, else the kernel's form.
     std::ostream& putXml(std::ostream& out) override;
     /// An item: the tag, "=[" the entries separated by "," "]", or the tag and "=NIL" when

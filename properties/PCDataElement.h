@@ -16,6 +16,7 @@ public:
 
     /// Refuses, with a report, a chain whose first node is not a Text.
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
+    bool takesText() const override { return true; }
 
     /// True when the element holds no text: no children, or only Text children whose
     /// characters are all blanks (code 32 or below) with `ignoreBlank`, or that are empty

@@ -50,6 +50,16 @@ Property* PlotElement::requireProperty(Token name) const {
            nodeName().text());
 }
 
+ChildRole PlotElement::childRole(Token) const {
+    return ChildRole::None;
+}
+
+bool PlotElement::contentOnly(Arbor::Node* newFirst) const {
+    for (Arbor::Node* n = newFirst; n; n = n->nextInChain())
+        if (childRole(n->nodeName()) != ChildRole::Content) return false;
+    return true;
+}
+
 Property* PlotElement::propertyInfo(Token) const {
     return nullptr;
 }

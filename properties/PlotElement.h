@@ -6,6 +6,7 @@
 #include <grafel/arbor/Element.h>
 #include <grafel/foundation/CmdOStream.h>
 #include <grafel/foundation/Tokens.h>
+#include <grafel/properties/ChildRole.h>
 #include <grafel/properties/ElementDocument.h>
 
 #include <vector>
@@ -76,6 +77,16 @@ public:
     virtual double getFrameTime(double timeBegin, double timeEnd, double paramBegin,
                                 double paramEnd);
 
+    /// What a child element tagged `tag` would be here: the rule mayReplaceChildren applies,
+    /// answered from the tag alone. Where the rule also looks at the child (a 3D group refuses a
+    /// camera or light object), Content says that some children of the tag are admitted.
+    /// The base admits none.
+    virtual ChildRole childRole(Arbor::Token tag) const;
+    /// How many content children this element holds, where its class fixes the number.
+    virtual ChildCount contentCount() const { return {}; }
+    /// Whether the children are text nodes: the element's text.
+    virtual bool takesText() const { return false; }
+
     /// `node` as a plot element, or null: the cheap form of a dynamic_cast.
     static PlotElement* from(Arbor::Node* node) {
         Arbor::Element* e = node ? node->asElement() : nullptr;
@@ -115,6 +126,10 @@ protected:
     /// that a subtree moved into place loses the values that are redundant there.
     void replaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst);
     void afterReplaceChildren(Arbor::Node* newFirst, unsigned count) override;
+
+    /// Whether every node of the chain from `newFirst` is a content child by childRole(): the
+    /// whole rule of a class whose children are all of one kind.
+    bool contentOnly(Arbor::Node* newFirst) const;
 
     /// The descriptor of `name`, or the "unknown property" report and DomException 15.
     Property* requireProperty(Arbor::Token name) const;

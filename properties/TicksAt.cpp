@@ -5,7 +5,7 @@
 namespace Grafel {
 
 bool XTicksAt::mayReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newFirst) {
-    return detail::allIncomingNamed(newFirst, tok_TickPos);
+    return contentOnly(newFirst);
 }
 
 void XTicksAt::putCmd(CmdOStream& out) {

@@ -16,6 +16,9 @@ public:
 
     /// Every new child must be a TickPos; refuses without a report. Removals are free.
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
+    ChildRole childRole(Arbor::Token tag) const override {
+        return tag == tok_TickPos ? ChildRole::Content : ChildRole::None;
+    }
     /// An item: the tag, "=", then "[" the children's own items "]", or "NIL" without
     /// children.
     void putCmd(CmdOStream& out) override;

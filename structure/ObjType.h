@@ -28,6 +28,7 @@ public:
 
     /// Admits PropCat children only; anything else is refused without a report.
     bool mayReplaceChildren(Arbor::Node* first, unsigned count, Arbor::Node* newFirst) override;
+    ChildRole childRole(Arbor::Token tag) const override;
 
 protected:
     explicit ObjType(Arbor::Document* document) : ElementClass(document) {}

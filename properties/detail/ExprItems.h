@@ -5,16 +5,19 @@
 
 #include <grafel/arbor/Node.h>
 #include <grafel/foundation/CmdOStream.h>
+#include <grafel/properties/ChildRole.h>
 
 namespace Grafel::detail {
-
-/// Whether every node of the incoming chain is named `tag`.
-bool allIncomingNamed(Arbor::Node* newFirst, Arbor::Token tag);
 
 /// The number of items after a child change that starts from `present` items, takes away
 /// `count` children from `first` (as far as they go) and brings in the chain at `newFirst`;
 /// -1 when an incoming node is no IExpr.
 long itemsAfterChange(long present, Arbor::Node* first, unsigned count, Arbor::Node* newFirst);
+
+/// Whether `items` (as itemsAfterChange answers it) lies within `count`.
+inline bool itemsFit(long items, ChildCount count) {
+    return items >= long{count.least} && items <= long{count.most};
+}
 
 /// True when the holder has no first child, its first child is no IExpr, or that IExpr is
 /// blank.

@@ -2,6 +2,7 @@
 // table: a class is held to them by its registration alone, without a test of its own.
 #include "support/Plots.h"
 
+#include <grafel/arbor/DocumentFragment.h>
 #include <grafel/arbor/DomException.h>
 #include <grafel/foundation/ValueVariants.h>
 #include <grafel/properties/Property.h>
@@ -273,6 +274,37 @@ TEST(EveryElementClass, ClonesKeepAllValuesOrNone) {
     std::string names;
     for (const std::string& tag : keeping) names += tag + " ";
     EXPECT_EQ(names, kept);
+}
+
+// What childRole answers from a tag is what the child change decides: a tag it admits passes
+// (with the mandatory options the change needs, replacing a present option or an entry of a full
+// holder), one it refuses is refused; and text passes exactly where takesText says so.
+TEST(EveryElementClass, ChildRolesAgreeWithTheChildChange) {
+    PlotDocument doc;
+    doc.domErrorHdl(collectReport);
+    const std::vector<Registered> classes = registeredClasses(doc);
+    for (const Registered& parent : classes) {
+        SCOPED_TRACE(parent.tag.text());
+        Ref<PlotElement> e = complete(doc, parent.tag, parent.properties);
+        for (const Registered& child : classes) {
+            SCOPED_TRACE(child.tag.text());
+            const ChildRole role = e->childRole(child.tag);
+            Ref<Arbor::DocumentFragment> chain(doc.createDocumentFragment());
+            chain->appendChild(complete(doc, child.tag, child.properties).get());
+            for (const Registered& other : classes)
+                if (other.tag != child.tag && !e->findChild(other.tag) &&
+                    e->childRole(other.tag) == ChildRole::MandatoryOption)
+                    chain->appendChild(complete(doc, other.tag, other.properties).get());
+            Node* replaced = e->findChild(child.tag);
+            if (role == ChildRole::Content && e->items() < e->contentCount().most) replaced = nullptr;
+            const bool admitted = e->mayReplaceChildren(replaced, replaced ? 1 : 0,
+                                                        chain->firstChild());
+            EXPECT_EQ(admitted, role != ChildRole::None) << int(role);
+        }
+        Ref<Node> text(doc.createTextNode(L"x"));
+        EXPECT_EQ(e->mayReplaceChildren(nullptr, 0, text.get()), e->takesText());
+    }
+    reports().clear();
 }
 
 // A class declared and never registered would escape the tests above.
