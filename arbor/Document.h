@@ -44,8 +44,10 @@ class Range;
 /// nodes, by whatever path (guarded, raw, replayed, or a subtree being released), so that a
 /// value derived from the tree may be kept for as long as the count stays the same.
 /// structureCount() grows with the same changes except those confined to content leaves (an
-/// attribute of a leaf, a child change that puts in or takes out leaves only): a value that
-/// reads no leaf may be kept for as long as that count stays the same.
+/// attribute of a leaf, a child change that puts in or takes out leaves only) and changes of
+/// attributes that their node says no such value reads (Node::attributeShapesTree()): a value
+/// that reads no leaf, and of other nodes only the attributes they name, may be kept for as long
+/// as that count stays the same.
 class Document : public InnerNode {
 public:
     ~Document() override;
@@ -120,8 +122,12 @@ public:
     }
     /// Counts a change confined to content leaves: structureCount() stays.
     void noteLeafChange() { ++changeCount_; }
-    /// Counts a change of the attributes of `node`.
+    /// Counts a change of the attributes of `node`, any of them.
     void noteChangeOf(const Node* node) { node->isContentLeaf() ? noteLeafChange() : noteChange(); }
+    /// Counts a change of the attribute `name` of `node`.
+    void noteChangeOf(const Node* node, Token name) {
+        node->attributeShapesTree(name) ? noteChange() : noteLeafChange();
+    }
     /// Whether any observer is registered: when none is, an event need not even be made.
     bool hasObservers() const { return hasObservers_; }
 

@@ -20,7 +20,7 @@ public:
         Element* e = element_.get();
         if (forUndo ? hadOld_ : hasNew_) {
             e->setAttributeRaw(name_, forUndo ? old_ : new_);
-            if (Document* d = e->ownerDocument()) d->noteChangeOf(e);
+            if (Document* d = e->ownerDocument()) d->noteChangeOf(e, name_);
             e->walkAfterSet(e, name_);
         } else {
             e->removeAndWalk(name_);

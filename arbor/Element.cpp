@@ -63,7 +63,7 @@ void Element::setAttribute(Token name, const Variant& value) {
                                    value);
     }
     setAttributeRaw(name, value);
-    if (document_) document_->noteChangeOf(this);
+    if (document_) document_->noteChangeOf(this, name);
     walkAfterSet(this, name);
 }
 
@@ -91,7 +91,7 @@ void Element::removeAndWalk(Token name) {
         }
     } abandon{this, name};
     removeAttributeRaw(name);
-    if (document_) document_->noteChangeOf(this);
+    if (document_) document_->noteChangeOf(this, name);
     walkAfterRemove(this, name);
     abandon.ended = true;
     afterRemoval(name);

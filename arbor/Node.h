@@ -64,6 +64,10 @@ public:
     /// shape of the tree looks at it or at its attributes, so that putting it in, taking it out
     /// or changing its attributes leaves such values valid (see Document::structureCount()).
     virtual bool isContentLeaf() const { return false; }
+    /// Whether a value derived from the shape of the tree may look at this node's attribute
+    /// `name`, so that changing it must move Document::structureCount(): by default any
+    /// attribute of a node that is no content leaf.
+    virtual bool attributeShapesTree(Token) const { return !isContentLeaf(); }
 
     /// The document that made this node (a document is its own).
     Document* ownerDocument() const { return document_; }

@@ -165,7 +165,8 @@ BENCHMARK(InheritedOverOwnRatio)->Unit(benchmark::kMillisecond)->Iterations(20);
 // many distinct events as there are objects. The counter "ratio" is the batch's time over the
 // plain edits'; it stays flat as the objects grow when holding an event costs the same however
 // many are held.
-void BatchedOverPlainStyleEditRatio(benchmark::State& state) {
+// A style of Type Function2d followed by `objects` sibling objects of that type, observed.
+struct SiblingObjects {
     struct Count : Arbor::IDocObserver {
         long heard = 0;
         void handleEvent(Arbor::DomEvent&) override { ++heard; }
@@ -173,31 +174,43 @@ void BatchedOverPlainStyleEditRatio(benchmark::State& state) {
     ElementDocument doc;
     Ref<Level> top = new Level(&doc, tok_Group2d);
     Ref<ObjStyle> style = static_cast<ObjStyle*>(doc.createPlotElement(tok_ObjStyle));
-    style->setAttribute(tok_Type, Arbor::TokenVariant(tok_Function2d));
-    top->appendChild(style.get());
-    for (long k = 0; k < state.range(0); ++k) {
-        Ref<PlotElement> o = doc.createPlotElement(tok_Obj2d);
-        o->setAttribute(tok_Type, Arbor::TokenVariant(tok_Function2d));
-        top->appendChild(o.get());
+
+    explicit SiblingObjects(long objects) {
+        style->setAttribute(tok_Type, Arbor::TokenVariant(tok_Function2d));
+        top->appendChild(style.get());
+        for (long k = 0; k < objects; ++k) {
+            Ref<PlotElement> o = doc.createPlotElement(tok_Obj2d);
+            o->setAttribute(tok_Type, Arbor::TokenVariant(tok_Function2d));
+            top->appendChild(o.get());
+        }
+        doc.addObserver(&count, tok_AfterPropertyChange);
+        // Each object collects its styles on the first edit, as once drawn in a viewer; the
+        // timed edits are the ones after that.
+        edit();
     }
-    doc.addObserver(&count, tok_AfterPropertyChange);
-    auto edit = [&] {
+    ~SiblingObjects() { doc.removeObserver(&count, tok_AfterPropertyChange); }
+
+    /// Sets a value on the style and removes it again: every object hears of both.
+    void edit() {
         style->setAttribute(tok_LineWidth, Arbor::DoubleVariant(2.0));
         style->removeAttribute(tok_LineWidth);
-    };
+    }
+};
+
+void BatchedOverPlainStyleEditRatio(benchmark::State& state) {
+    SiblingObjects tree(state.range(0));
     double plainTime = 0, batchTime = 0;
     for (auto _ : state) {
         const double t0 = cpuSeconds();
-        edit();
+        tree.edit();
         const double t1 = cpuSeconds();
-        doc.beginBatchChanges();
-        edit();
-        doc.endBatchChanges();
+        tree.doc.beginBatchChanges();
+        tree.edit();
+        tree.doc.endBatchChanges();
         const double t2 = cpuSeconds();
         plainTime += t1 - t0;
         batchTime += t2 - t1;
     }
-    doc.removeObserver(&count, tok_AfterPropertyChange);
     state.counters["ratio"] = batchTime / plainTime;
 }
 BENCHMARK(BatchedOverPlainStyleEditRatio)
@@ -205,5 +218,24 @@ BENCHMARK(BatchedOverPlainStyleEditRatio)
     ->Arg(1000)
     ->Unit(benchmark::kMillisecond)
     ->Iterations(20);
+
+// The same style edit over 1000 sibling objects and over 100, in turns within each iteration.
+// The counter "ratio" is the time per object at 1000 over that at 100: 1 when an edit costs the
+// same for each object however many siblings it has.
+void StyleEditPerObjectGrowth(benchmark::State& state) {
+    SiblingObjects few(100), many(1000);
+    double fewTime = 0, manyTime = 0;
+    for (auto _ : state) {
+        const double t0 = cpuSeconds();
+        for (int k = 0; k < 10; ++k) few.edit();
+        const double t1 = cpuSeconds();
+        many.edit();
+        const double t2 = cpuSeconds();
+        fewTime += t1 - t0;
+        manyTime += t2 - t1;
+    }
+    state.counters["ratio"] = manyTime / fewTime;
+}
+BENCHMARK(StyleEditPerObjectGrowth)->Unit(benchmark::kMillisecond)->Iterations(20);
 
 } // namespace

@@ -60,13 +60,13 @@ void AttributeListElement::setAttributeRaw(Token name, const Variant& value) {
         it->value = value;
     else
         attributes_.insert(it, AttributeValue{name, value});
-    noteChange();
+    if (document_) document_->noteChangeOf(this, name);
 }
 
 void AttributeListElement::removeAttributeRaw(Token name) {
     auto it = lowerBound(name);
     if (it != attributes_.end() && it->name == name) attributes_.erase(it);
-    noteChange();
+    if (document_) document_->noteChangeOf(this, name);
 }
 
 AttributeListElement& AttributeListElement::operator=(const AttributeListElement& other) {

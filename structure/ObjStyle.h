@@ -27,6 +27,9 @@ public:
     PlotElement* inheritingFrom(Arbor::Token name) const override;
     /// The styles above its parent that inheritingFrom() could answer, its own type first.
     void getInheritanceChain(std::vector<PlotElement*>& chain) const override;
+    /// Of a style, the style walk reads the Type only: an edit of any other value keeps every
+    /// object's collected styles.
+    bool attributeShapesTree(Arbor::Token name) const override { return name == tok_Type; }
     Property* propertyInfo(Arbor::Token name) const override;
     /// Each value but Type as "plot::TYPE::name=value", or as "name=value" for type Default.
     void putCmd(CmdOStream& out) override;

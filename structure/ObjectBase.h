@@ -34,6 +34,9 @@ public:
     const Arbor::Variant& propertyRef(Arbor::Token name) const override;
     /// Every ObjStyle of the object's Type above it, then every one of type Default.
     void getInheritanceChain(std::vector<PlotElement*>& chain) const override;
+    /// Of an object, the style walk reads the Type only: an edit of any other value keeps
+    /// every object's collected styles.
+    bool attributeShapesTree(Arbor::Token name) const override { return name == tok_Type; }
 
     /// The colour that the legend shows: the value of the property that LegendColor names.
     /// False, with `out` unchanged, when LegendColor names no property of this object (the null
