@@ -8,7 +8,7 @@
 // The identity of a library element: an address that never reaches XML, a display name, and
 // a flag that the host keeps out of its command text.
 #define GRAFEL_LIBRARY_IDENTITY_ROWS(P)                                                            \
-    P(Optional, IdListPropertyImpl, id, (::Tessel::FixedStringBase<char>()))                       \
+    P(Optional, IdListPropertyImpl, id, (::Tessel::FixedStringBase<char>()), Id)                   \
     P(Optional, MStringListProperty, Name, (::Tessel::FixedStringBase<wchar_t>()))                 \
     P(Optional, ConsistentListPropertyImpl, Consistent, false)
 
