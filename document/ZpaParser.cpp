@@ -14,6 +14,7 @@
 #include <grafel/tessel/Converter.h>
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <clocale>
 #include <cmath>
@@ -80,6 +81,11 @@ private:
     void readLongs(int n, long* values);
     void expression(PlotElement& object, Token option);
     void number(PlotElement& object, Token option);
+    /// The next line as a mesh and its submesh, at least 2 and 0 (cause 4 otherwise), stated
+    /// on `object` as `meshName` and `submeshName`; answers them.
+    std::array<long, 2> meshLine(PlotElement& object, Token meshName, Token submeshName);
+    /// The parameter's name, then its least and greatest value, stated on `object`.
+    void parameter(PlotElement& object, Token name, Token min, Token max);
     /// How many of `count` points to make room for: no more than the current block can hold,
     /// so that a declared count is never allocated before its data are seen.
     std::size_t roomFor(long count, std::size_t bytesPerLine) const;
@@ -198,6 +204,22 @@ void ZpaParser::Loader::run() {
     canvas->afterParentChanged();
 }
 
+std::array<long, 2> ZpaParser::Loader::meshLine(PlotElement& object, Token meshName,
+                                                Token submeshName) {
+    std::array<long, 2> values;
+    readLongs(2, values.data());
+    if (values[0] < 2 || values[1] < 0) fail(4);
+    object.setAttribute(meshName, Arbor::LongVariant(values[0]));
+    object.setAttribute(submeshName, Arbor::LongVariant(values[1]));
+    return values;
+}
+
+void ZpaParser::Loader::parameter(PlotElement& object, Token name, Token min, Token max) {
+    expression(object, name);
+    number(object, min);
+    number(object, max);
+}
+
 void ZpaParser::Loader::curve() {
     const bool plane = dimension_ == 2;
     Tessel::Ref<PlotElement> object = make(plane ? tok_Obj2d : tok_Obj3d);
@@ -209,16 +231,10 @@ void ZpaParser::Loader::curve() {
     expression(*object, tok_XFunction);
     expression(*object, tok_YFunction);
     if (!plane) expression(*object, tok_ZFunction);
-    long mesh[2];
-    readLongs(2, mesh);
-    if (mesh[0] < 2 || mesh[1] < 0) fail(4);
-    object->setAttribute(tok_UMesh, Arbor::LongVariant(mesh[0]));
-    object->setAttribute(tok_USubmesh, Arbor::LongVariant(mesh[1]));
-    expression(*object, tok_UName);
-    number(*object, tok_UMin);
-    number(*object, tok_UMax);
+    const std::array<long, 2> u = meshLine(*object, tok_UMesh, tok_USubmesh);
+    parameter(*object, tok_UName, tok_UMin, tok_UMax);
 
-    const long points = lineCount(mesh[0] - 1, mesh[1], mesh[0]);
+    const long points = lineCount(u[0] - 1, u[1], u[0]);
     Tessel::Ref<PlotElement> image = make(plane ? tok_Img2d : tok_Img3d);
     Tessel::Ref<PlotElement> poly = make(plane ? tok_Poly2d : tok_Poly3d);
     RGBA color;
@@ -346,22 +362,10 @@ void ZpaParser::Loader::surface() {
     expression(*object, tok_XFunction);
     expression(*object, tok_YFunction);
     expression(*object, tok_ZFunction);
-    long u[2];
-    readLongs(2, u);
-    if (u[0] < 2 || u[1] < 0) fail(4);
-    object->setAttribute(tok_UMesh, Arbor::LongVariant(u[0]));
-    object->setAttribute(tok_USubmesh, Arbor::LongVariant(u[1]));
-    long v[2];
-    readLongs(2, v);
-    if (v[0] < 2 || v[1] < 0) fail(4);
-    object->setAttribute(tok_VMesh, Arbor::LongVariant(v[0]));
-    object->setAttribute(tok_VSubmesh, Arbor::LongVariant(v[1]));
-    expression(*object, tok_UName);
-    number(*object, tok_UMin);
-    number(*object, tok_UMax);
-    expression(*object, tok_VName);
-    number(*object, tok_VMin);
-    number(*object, tok_VMax);
+    const std::array<long, 2> u = meshLine(*object, tok_UMesh, tok_USubmesh);
+    const std::array<long, 2> v = meshLine(*object, tok_VMesh, tok_VSubmesh);
+    parameter(*object, tok_UName, tok_UMin, tok_UMax);
+    parameter(*object, tok_VName, tok_VMin, tok_VMax);
 
     const long points =
         lineCount(lineCount(v[0] - 1, v[1], v[0]), lineCount(u[0] - 1, u[1], u[0]), 0);

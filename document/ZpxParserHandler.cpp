@@ -179,19 +179,19 @@ void ZpxParserHandler::illegalData(const char* name, const char* text) const {
     throw DomException(DomException::InvalidAccessErr);
 }
 
-bool ZpxParserHandler::elementName(const char* namespaceUri, const char* name, int& namespaceId,
-                                   int& nameId) {
+bool ZpxParserHandler::dialectName(const char* namespaceUri, const char* name, const char* what,
+                                   bool (*inDialect)(int), int& namespaceId, int& nameId) {
     if (namespaceUri && *namespaceUri && std::strcmp(namespaceUri, zpxNamespaceUri) != 0) {
         error("unknown namespace '%s'\n", namespaceUri);
         return false;
     }
     const int id = getTokenId(name);
     if (id == 0) {
-        error("unknown element '%s'\n", name);
+        error("unknown %s '%s'\n", what, name);
         return false;
     }
-    if (!isZpxTag(id)) {
-        error("not an element '%s'\n", name);
+    if (!inDialect(id)) {
+        error("not an %s '%s'\n", what, name);
         return false;
     }
     namespaceId = 0;
@@ -199,24 +199,14 @@ bool ZpxParserHandler::elementName(const char* namespaceUri, const char* name, i
     return true;
 }
 
+bool ZpxParserHandler::elementName(const char* namespaceUri, const char* name, int& namespaceId,
+                                   int& nameId) {
+    return dialectName(namespaceUri, name, "element", isZpxTag, namespaceId, nameId);
+}
+
 bool ZpxParserHandler::attributeName(const char* namespaceUri, const char* name, int& namespaceId,
                                      int& nameId) {
-    if (namespaceUri && *namespaceUri && std::strcmp(namespaceUri, zpxNamespaceUri) != 0) {
-        error("unknown namespace '%s'\n", namespaceUri);
-        return false;
-    }
-    const int id = getTokenId(name);
-    if (id == 0) {
-        error("unknown attribute '%s'\n", name);
-        return false;
-    }
-    if (!isZpxAttribute(id)) {
-        error("not an attribute '%s'\n", name);
-        return false;
-    }
-    namespaceId = 0;
-    nameId = id;
-    return true;
+    return dialectName(namespaceUri, name, "attribute", isZpxAttribute, namespaceId, nameId);
 }
 
 void ZpxParserHandler::startElement(int, int nameId,

@@ -143,6 +143,11 @@ protected:
 private:
     enum class ArrayKind { None, Color, Density };
 
+    /// A name of the dialect: in its namespace or none, a known token, and one that
+    /// `inDialect` admits; else reports "unknown namespace", "unknown WHAT" or "not an WHAT".
+    bool dialectName(const char* namespaceUri, const char* name, const char* what,
+                     bool (*inDialect)(int), int& namespaceId, int& nameId);
+
     /// Makes `element` the open element and caches what the data events need of it.
     void enter(PlotElement* element);
     /// The parent of the open element becomes the open element; a point list or array that is
