@@ -61,14 +61,7 @@ const std::string& colorDocument() {
 }
 
 bool load(PlotDocument& doc, const std::string& text) {
-    ZpxParserHandler handler(&doc, false, nullptr);
-    ZpxParser parser(&handler, true, nullptr);
-    for (std::size_t at = 0; at < text.size(); at += pieceSize) {
-        const std::size_t n = std::min(pieceSize, text.size() - at);
-        if (!parser.parseSave(text.data() + at, static_cast<int>(n), at + n == text.size()))
-            return false;
-    }
-    return true;
+    return BenchMeasure::loadZpx(doc, text, pieceSize);
 }
 
 template <class T = DensityArray2d> T* raster(Arbor::Node* node) {

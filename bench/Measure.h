@@ -3,6 +3,8 @@
 #pragma once
 
 #include <grafel/document/PlotDocument.h>
+#include <grafel/document/ZpxParser.h>
+#include <grafel/document/ZpxParserHandler.h>
 
 #include <benchmark/benchmark.h>
 #include <expat.h>
@@ -63,6 +65,26 @@ inline bool expatPass(const std::string& text, std::size_t piece) {
     }
     XML_ParserFree(parser);
     return ok;
+}
+
+/// `text` in pieces of `piece` bytes through `parser` (a ZPX parser over its handler), as a
+/// reader of a large file feeds it; false at the first piece it refuses.
+template <class Parser>
+bool parseInPieces(Parser& parser, const std::string& text, std::size_t piece) {
+    for (std::size_t at = 0; at < text.size(); at += piece) {
+        const std::size_t n = std::min(piece, text.size() - at);
+        if (!parser.parseSave(text.data() + at, static_cast<int>(n), at + n == text.size()))
+            return false;
+    }
+    return true;
+}
+
+/// `text` loaded into `doc` as a reader of a large file does it: the library's ZPX reader fed
+/// in pieces of `piece` bytes.
+inline bool loadZpx(Grafel::PlotDocument& doc, const std::string& text, std::size_t piece) {
+    Grafel::ZpxParserHandler handler(&doc, false, nullptr);
+    Grafel::ZpxParser parser(&handler, true, nullptr);
+    return parseInPieces(parser, text, piece);
 }
 
 /// The iterations of a load benchmark: each times a bare pass over `text` in pieces of `piece`,

@@ -128,12 +128,7 @@ bool load(PlotDocument& doc, const std::string& text, bool namespaces = true, bo
     BenchHandler handler(&doc, false, nullptr);
     ZpxParser parser(&handler, namespaces, nullptr);
     parser.setElementRuns(runs);
-    for (std::size_t at = 0; at < text.size(); at += pieceSize) {
-        const std::size_t n = std::min(pieceSize, text.size() - at);
-        if (!parser.parseSave(text.data() + at, static_cast<int>(n), at + n == text.size()))
-            return false;
-    }
-    return true;
+    return BenchMeasure::parseInPieces(parser, text, pieceSize);
 }
 
 // The same bytes in the same pieces through the C parser, with handlers that do nothing.
