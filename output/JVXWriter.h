@@ -119,6 +119,8 @@ protected:
     void putChainLines(std::int64_t n, bool closed);
     /// The colour list of those pairs.
     void putChainColors(detail::ColorListWriter& writer, std::int64_t n, bool closed);
+    /// Ends a "<lines>" list with its thickness and colour.
+    void endLines(RGBA c, double width);
     /// Ends a geometry of one line set: its style, its material, its closing tags.
     void endLineGeometry(RGBA c, double width);
     /// Ends a geometry of one face without neighbours, drawn in `shown`.

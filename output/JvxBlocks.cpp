@@ -299,10 +299,15 @@ void JVXWriter::putChainColors(detail::ColorListWriter& writer, std::int64_t n, 
     out() << "</colors>\n";
 }
 
-void JVXWriter::endLineGeometry(RGBA c, double width) {
+void JVXWriter::endLines(RGBA c, double width) {
     putScaledThickness(width);
     color(c);
-    out() << "</lines>\n</lineSet>\n";
+    out() << "</lines>\n";
+}
+
+void JVXWriter::endLineGeometry(RGBA c, double width) {
+    endLines(c, width);
+    out() << "</lineSet>\n";
     putMaterial(c.alpha(), false);
     out() << "</geometry>\n";
 }

@@ -110,9 +110,7 @@ void JVXWriter::putLines3d(Lines3d& e) {
             const std::int64_t pair[2] = {a, b};
             putIndices("l", pair, 2);
         });
-        putScaledThickness(e.getLineWidth());
-        color(e.getLineColor());
-        out() << "</lines>\n";
+        endLines(e.getLineColor(), e.getLineWidth());
         if (colored) {
             openCounted("colors", m);
             eachPair([&](std::int64_t a, std::int64_t b) { putColorAt(colors, a, b); });
@@ -337,9 +335,7 @@ void JVXWriter::putMesh3d(Mesh3d& e) {
                 const std::int64_t pair[2] = {r * nU + c, r * nU + c + nU};
                 putIndices("l", pair, 2);
             }
-        putScaledThickness(e.getLineWidth());
-        color(e.getLineColor());
-        out() << "</lines>\n";
+        endLines(e.getLineColor(), e.getLineWidth());
         if (lineColored) {
             // These walks write more colours than there are lines; the second one counts as
             // if the points stood column after column.

@@ -227,9 +227,7 @@ void JVXWriter::putPoly2d(Poly2d& e) {
     }
     openLineSet(m, colored, std::nullopt);
     putChainLines(std::int64_t(n), closed);
-    putScaledThickness(e.getLineWidth());
-    color(e.getLineColor());
-    out() << "</lines>\n";
+    endLines(e.getLineColor(), e.getLineWidth());
     if (colored) putChainColors(colors, std::int64_t(n), closed);
     out() << "</lineSet>\n";
     putMaterial(e.getLineColor().alpha(), false);
