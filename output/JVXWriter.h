@@ -138,10 +138,11 @@ protected:
     /// A colour or density array: its corner grid and one coloured face per cell.
     template <class Array, class CellColor>
     void putRaster(Array& e, CellColor cellColor, unsigned long alpha);
-    /// A vector field: its grid nodes, one vector per node and their colours.
-    template <class Point, class Field, class Nodes, class Colors>
-    void putField(Field& e, const Nodes& nodes, Colors& colors, double length, bool arrow,
-                  bool colored);
+    /// A vector field: its grid nodes, one vector per node, coloured by the nodes' heights
+    /// between `bottom` and `top` or from `list`.
+    template <class Point, class Field>
+    void putField(Field& e, const std::vector<Point>& nodes, double bottom, double top,
+                  const RGBA* list, double length, bool arrow);
 
     // One operation per primitive.
     void putArc2d(Arc2d& e);

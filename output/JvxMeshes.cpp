@@ -13,17 +13,8 @@
 
 namespace Grafel {
 
-namespace {
-/// Whether a ColorType computes colours: Functional only with a list to take them from.
-bool isColored(Arbor::Token type, const RGBA* list) {
-    if (type == getToken(id_Flat)) return false;
-    return type != getToken(id_Functional) || list;
-}
-
-const RGBA* functionalList(Arbor::Token type, const RGBA* list) {
-    return type == getToken(id_Functional) ? list : nullptr;
-}
-} // namespace
+using detail::functionalList;
+using detail::isColored;
 
 void JVXWriter::putPoly3d(Poly3d& e) {
     const std::size_t n = e.size();

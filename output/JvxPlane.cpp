@@ -198,8 +198,7 @@ void JVXWriter::putPoly2d(Poly2d& e) {
     const std::size_t n = e.size();
     if (n == 0) return;
     const Arbor::Token type = e.getLineColorType();
-    const bool functional = type == getToken(id_Functional);
-    const bool colored = type != getToken(id_Flat) && (!functional || e.colors());
+    const bool colored = detail::isColored(type, e.colors());
     const P2* points = e.points();
     if (e.getFilled() && n >= 3) {
         out() << pointHead(2);
@@ -216,7 +215,8 @@ void JVXWriter::putPoly2d(Poly2d& e) {
     out() << ">\n";
     putPoints(points, n, e.getLineColor(), e.getPointSize());
     detail::ColorWriter2D colors(type, e.getLineColor(), e.getLineColor2(), colorRangeMin,
-                                 colorRangeMax, functional ? e.colors() : nullptr, points, n);
+                                 colorRangeMax, detail::functionalList(type, e.colors()), points,
+                                 n);
     if (colored) putColors(colors);
     out() << "</pointSet>\n";
     const bool closed = e.getClosed();

@@ -18,6 +18,12 @@ struct Hsv {
 
 Hsv rgbToHsv(RGBA c);
 
+/// Whether a ColorType computes colours: never Flat, Functional only with a list to take them
+/// from.
+bool isColored(Arbor::Token type, const RGBA* list);
+/// The list colours are taken from under a ColorType: `list` for Functional, else none.
+const RGBA* functionalList(Arbor::Token type, const RGBA* list);
+
 /// The colour of a number between `min` and `max` under a ColorType: a flat range gives the
 /// first colour; Monochrome scales it, Dichromatic runs from the second colour at `min` to the
 /// first at `max`, anything else runs the long way round the colour circle between them.
