@@ -36,40 +36,32 @@ constexpr double pixelsPerMillimetre = 3.5433070866141736;
 
 /// What the writer reads of one axis of a coordinate system.
 struct Axis {
+    using Flag = bool (CoordinateSystemStyleGetter::*)() const;
     const char* name;
     TokenId minTag, maxTag, titleTag, distanceTag;
-    bool (*visible)(const CoordinateSystemBase&);
-    bool (*gridVisible)(const CoordinateSystemBase&);
-    bool (*ticksVisible)(const CoordinateSystemBase&);
-    bool (*labelsVisible)(const CoordinateSystemBase&);
-    long (*ticksBetween)(const CoordinateSystemBase&);
+    Flag axisShown, gridShown, subgridShown, ticksShown, labelsShown;
+    long (CoordinateSystemStyleGetter::*between)() const;
+
+    bool visible(const CoordinateSystemBase& s) const { return (s.*axisShown)(); }
+    bool gridVisible(const CoordinateSystemBase& s) const {
+        return (s.*gridShown)() || (s.*subgridShown)();
+    }
+    bool ticksVisible(const CoordinateSystemBase& s) const { return (s.*ticksShown)(); }
+    bool labelsVisible(const CoordinateSystemBase& s) const { return (s.*labelsShown)(); }
+    long ticksBetween(const CoordinateSystemBase& s) const { return (s.*between)(); }
 };
 
+using Getter = CoordinateSystemStyleGetter;
 const Axis axes[3] = {
     {"x", id_ViewingBoxXMin, id_ViewingBoxXMax, id_XAxisTitle, id_XTicksDistance,
-     [](const CoordinateSystemBase& s) -> bool { return s.getXAxisVisible(); },
-     [](const CoordinateSystemBase& s) -> bool {
-         return s.getXGridVisible() || s.getXSubgridVisible();
-     },
-     [](const CoordinateSystemBase& s) -> bool { return s.getXTicksVisible(); },
-     [](const CoordinateSystemBase& s) -> bool { return s.getXTicksLabelsVisible(); },
-     [](const CoordinateSystemBase& s) -> long { return s.getXTicksBetween(); }},
+     &Getter::getXAxisVisible, &Getter::getXGridVisible, &Getter::getXSubgridVisible,
+     &Getter::getXTicksVisible, &Getter::getXTicksLabelsVisible, &Getter::getXTicksBetween},
     {"y", id_ViewingBoxYMin, id_ViewingBoxYMax, id_YAxisTitle, id_YTicksDistance,
-     [](const CoordinateSystemBase& s) -> bool { return s.getYAxisVisible(); },
-     [](const CoordinateSystemBase& s) -> bool {
-         return s.getYGridVisible() || s.getYSubgridVisible();
-     },
-     [](const CoordinateSystemBase& s) -> bool { return s.getYTicksVisible(); },
-     [](const CoordinateSystemBase& s) -> bool { return s.getYTicksLabelsVisible(); },
-     [](const CoordinateSystemBase& s) -> long { return s.getYTicksBetween(); }},
+     &Getter::getYAxisVisible, &Getter::getYGridVisible, &Getter::getYSubgridVisible,
+     &Getter::getYTicksVisible, &Getter::getYTicksLabelsVisible, &Getter::getYTicksBetween},
     {"z", id_ViewingBoxZMin, id_ViewingBoxZMax, id_ZAxisTitle, id_ZTicksDistance,
-     [](const CoordinateSystemBase& s) -> bool { return s.getZAxisVisible(); },
-     [](const CoordinateSystemBase& s) -> bool {
-         return s.getZGridVisible() || s.getZSubgridVisible();
-     },
-     [](const CoordinateSystemBase& s) -> bool { return s.getZTicksVisible(); },
-     [](const CoordinateSystemBase& s) -> bool { return s.getZTicksLabelsVisible(); },
-     [](const CoordinateSystemBase& s) -> long { return s.getZTicksBetween(); }},
+     &Getter::getZAxisVisible, &Getter::getZGridVisible, &Getter::getZSubgridVisible,
+     &Getter::getZTicksVisible, &Getter::getZTicksLabelsVisible, &Getter::getZTicksBetween},
 };
 
 /// The six point lights of an automatic lighting: how many half extents from the centre each

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace Grafel {
@@ -109,6 +110,21 @@ protected:
     void putC(RGBA c);
     /// "<f>first first+1 ... last</f>" or "<l>...</l>" with `close` adding the first again.
     void putIndexRun(const char* tag, std::int64_t first, std::int64_t last, bool close);
+    /// "<tag num="count">" and its line end.
+    void openCounted(const char* tag, std::int64_t count);
+    /// The head of a line set of `count` lines that may take its colours from the points;
+    /// without `smooth` the set says nothing about smooth colouring.
+    void openLineSet(std::int64_t count, bool colored, std::optional<bool> smooth);
+    /// The "<l>" pairs of a chain through `n` points, back to the first when `closed`.
+    void putChainLines(std::int64_t n, bool closed);
+    /// The colour list of those pairs.
+    void putChainColors(detail::ColorListWriter& writer, std::int64_t n, bool closed);
+    /// Ends a "<lines>" list with its thickness and colour.
+    void endLines(RGBA c, double width);
+    /// Ends a geometry of one line set: its style, its material, its closing tags.
+    void endLineGeometry(RGBA c, double width);
+    /// Ends a geometry of one face without neighbours, drawn in `shown`.
+    void endFaceGeometry(RGBA shown, unsigned long alpha);
     void putCirclePoints(P3 center, P3 normal, double radius);
     void putEllipsoid(P3 center, double a, double b, double c, RGBA color, bool smooth);
 
@@ -116,13 +132,17 @@ protected:
     template <class Point>
     void putSegment(Point from, Point to, RGBA c, double width, SegmentTip tip);
 
+    /// A geometry of points only, in their own colour.
+    template <class Point>
+    void putPointGeometry(const Point* points, std::size_t n, RGBA c, double size);
     /// A colour or density array: its corner grid and one coloured face per cell.
     template <class Array, class CellColor>
     void putRaster(Array& e, CellColor cellColor, unsigned long alpha);
-    /// A vector field: its grid nodes, one vector per node and their colours.
-    template <class Point, class Field, class Nodes, class Colors>
-    void putField(Field& e, const Nodes& nodes, Colors& colors, double length, bool arrow,
-                  bool colored);
+    /// A vector field: its grid nodes, one vector per node, coloured by the nodes' heights
+    /// between `bottom` and `top` or from `list`.
+    template <class Point, class Field>
+    void putField(Field& e, const std::vector<Point>& nodes, double bottom, double top,
+                  const RGBA* list, double length, bool arrow);
 
     // One operation per primitive.
     void putArc2d(Arc2d& e);
@@ -163,6 +183,13 @@ protected:
     double colorRangeMax = 0;
 
 private:
+    // The 2D and 3D forms of the building blocks above.
+    template <class Point> void putPointOf(Point p);
+    template <class Point>
+    void putPointsOf(const Point* points, std::size_t n, RGBA color, double size);
+    template <class Point>
+    void putVectorsOf(const Point* vectors, std::size_t n, RGBA color, double length, double width);
+
     TextRun* run_ = nullptr;
 };
 

@@ -116,9 +116,15 @@ void JVXWriter::putDensityArray2d(DensityArray2d& e) {
         e, [&](std::size_t k) { return colors.colorOf(values[k]); }, e.getFillColor().alpha());
 }
 
-template <class Point, class Field, class Nodes, class Colors>
-void JVXWriter::putField(Field& e, const Nodes& nodes, Colors& colors, double length, bool arrow,
-                         bool colored) {
+template <class Point, class Field>
+void JVXWriter::putField(Field& e, const std::vector<Point>& nodes, double bottom, double top,
+                         const RGBA* list, double length, bool arrow) {
+    if (bottom > top) std::swap(bottom, top);
+    const Arbor::Token type = e.getLineColorType();
+    detail::PointColorWriter<Point> colors(type, e.getLineColor(), e.getLineColor2(), bottom, top,
+                                           detail::functionalList(type, list), nodes.data(),
+                                           nodes.size());
+    const bool colored = detail::isColored(type, list);
     const std::size_t count = nodes.size();
     out() << (sizeof(Point) == sizeof(P2) ? "<geometry>\n<pointSet dim=\"2\" point=\"hide\">\n"
                                           : "<geometry>\n<pointSet dim=\"3\" point=\"hide\">\n");
@@ -143,16 +149,9 @@ void JVXWriter::putField2d(Field2d& e) {
     for (long j = 0; j < e.getYMesh(); ++j)
         for (long i = 0; i < e.getXMesh(); ++i)
             nodes.push_back(P2(anchor.x + double(i) * delta.x, anchor.y + double(j) * delta.y));
-    double min = anchor.y, max = anchor.y + double(e.getYMesh()) * delta.y;
-    if (min > max) std::swap(min, max);
-    const Arbor::Token type = e.getLineColorType();
-    detail::ColorWriter2D colors(type, e.getLineColor(), e.getLineColor2(), min, max,
-                                 type == getToken(id_Functional) ? e.colors() : nullptr,
-                                 nodes.data(), nodes.size());
     const double length = std::min(std::fabs(delta.x), std::fabs(delta.y)) * 0.4;
-    const bool colored =
-        type != getToken(id_Flat) && (type != getToken(id_Functional) || e.colors());
-    putField<P2>(e, nodes, colors, length, e.getTipAngle() != 0 && e.getTipLength() > 0, colored);
+    putField(e, nodes, anchor.y, anchor.y + double(e.getYMesh()) * delta.y, e.colors(), length,
+             e.getTipAngle() != 0 && e.getTipLength() > 0);
 }
 
 void JVXWriter::putField3d(Field3d& e) {
@@ -166,17 +165,10 @@ void JVXWriter::putField3d(Field3d& e) {
             for (long i = 0; i < e.getXMesh(); ++i)
                 nodes.push_back(P3(anchor.x + double(i) * delta.x, anchor.y + double(j) * delta.y,
                                    anchor.z + double(k) * delta.z));
-    double min = anchor.z, max = anchor.z + double(e.getZMesh()) * delta.z;
-    if (min > max) std::swap(min, max);
-    const Arbor::Token type = e.getLineColorType();
-    detail::ColorWriter3D colors(type, e.getLineColor(), e.getLineColor2(), min, max,
-                                 type == getToken(id_Functional) ? e.firstColors() : nullptr,
-                                 nodes.data(), nodes.size());
     const double length =
         std::min({std::fabs(delta.x), std::fabs(delta.y), std::fabs(delta.z)}) * 0.4;
-    const bool colored =
-        type != getToken(id_Flat) && (type != getToken(id_Functional) || e.firstColors());
-    putField<P3>(e, nodes, colors, length, e.getPointsVisible(), colored);
+    putField(e, nodes, anchor.z, anchor.z + double(e.getZMesh()) * delta.z, e.firstColors(), length,
+             e.getPointsVisible());
 }
 
 } // namespace Grafel

@@ -80,46 +80,55 @@ void JVXWriter::showAttr(const char* name, bool show) {
     putShowAttr(name, show);
 }
 
-void JVXWriter::putP(P2 p) {
+namespace {
+/// The coordinates of a point, blank between them.
+template <class Sink> void putCoords(Sink& sink, P2 p) {
+    sink << p.x << ' ' << p.y;
+}
+
+template <class Sink> void putCoords(Sink& sink, P3 p) {
+    sink << p.x << ' ' << p.y << ' ' << p.z;
+}
+} // namespace
+
+template <class Point> void JVXWriter::putPointOf(Point p) {
     p = transformed(p);
     if (out().format().direct()) {
         detail::JvxLine line(out().format());
-        line << "<p>" << p.x << ' ' << p.y << "</p>\n";
+        line << "<p>";
+        putCoords(line, p);
+        line << "</p>\n";
         out() << line.view();
     } else {
-        out() << "<p>" << p.x << ' ' << p.y << "</p>\n";
+        out() << "<p>";
+        putCoords(out(), p);
+        out() << "</p>\n";
     }
+}
+
+void JVXWriter::putP(P2 p) {
+    putPointOf(p);
 }
 
 void JVXWriter::putP(P3 p) {
-    p = transformed(p);
-    if (out().format().direct()) {
-        detail::JvxLine line(out().format());
-        line << "<p>" << p.x << ' ' << p.y << ' ' << p.z << "</p>\n";
-        out() << line.view();
-    } else {
-        out() << "<p>" << p.x << ' ' << p.y << ' ' << p.z << "</p>\n";
-    }
+    putPointOf(p);
+}
+
+template <class Point>
+void JVXWriter::putPointsOf(const Point* points, std::size_t n, RGBA c, double size) {
+    openCounted("points", std::int64_t(n));
+    for (std::size_t i = 0; i < n; ++i) putP(points[i]);
+    putPointThickness(size);
+    color(c);
+    out() << "</points>\n";
 }
 
 void JVXWriter::putPoints(const P2* points, std::size_t n, RGBA c, double size) {
-    out() << "<points num=\"";
-    integer(std::int64_t(n));
-    out() << "\">\n";
-    for (std::size_t i = 0; i < n; ++i) putP(points[i]);
-    putPointThickness(size);
-    color(c);
-    out() << "</points>\n";
+    putPointsOf(points, n, c, size);
 }
 
 void JVXWriter::putPoints(const P3* points, std::size_t n, RGBA c, double size) {
-    out() << "<points num=\"";
-    integer(std::int64_t(n));
-    out() << "\">\n";
-    for (std::size_t i = 0; i < n; ++i) putP(points[i]);
-    putPointThickness(size);
-    color(c);
-    out() << "</points>\n";
+    putPointsOf(points, n, c, size);
 }
 
 void JVXWriter::putPointThickness(double size) {
@@ -132,13 +141,13 @@ void JVXWriter::putScaledThickness(double width) {
     out() << "<thickness>" << std::max(1.0, width * thicknessFactor) << "</thickness>\n";
 }
 
-void JVXWriter::putVectors(const P2* v, std::size_t n, RGBA c, double length, double width) {
-    out() << "<vectors num=\"";
-    integer(std::int64_t(n));
-    out() << "\">\n";
+template <class Point>
+void JVXWriter::putVectorsOf(const Point* v, std::size_t n, RGBA c, double length, double width) {
+    openCounted("vectors", std::int64_t(n));
     for (std::size_t i = 0; i < n; ++i) {
-        const P2 p = transformed(v[i]);
-        out() << "<v>" << p.x << ' ' << p.y << "</v>\n";
+        out() << "<v>";
+        putCoords(out(), transformed(v[i]));
+        out() << "</v>\n";
     }
     putScaledThickness(width);
     out() << "<length>" << length << "</length>\n";
@@ -146,18 +155,12 @@ void JVXWriter::putVectors(const P2* v, std::size_t n, RGBA c, double length, do
     out() << "</vectors>\n";
 }
 
+void JVXWriter::putVectors(const P2* v, std::size_t n, RGBA c, double length, double width) {
+    putVectorsOf(v, n, c, length, width);
+}
+
 void JVXWriter::putVectors(const P3* v, std::size_t n, RGBA c, double length, double width) {
-    out() << "<vectors num=\"";
-    integer(std::int64_t(n));
-    out() << "\">\n";
-    for (std::size_t i = 0; i < n; ++i) {
-        const P3 p = transformed(v[i]);
-        out() << "<v>" << p.x << ' ' << p.y << ' ' << p.z << "</v>\n";
-    }
-    putScaledThickness(width);
-    out() << "<length>" << length << "</length>\n";
-    color(c);
-    out() << "</vectors>\n";
+    putVectorsOf(v, n, c, length, width);
 }
 
 void JVXWriter::putStyle(RGBA c, double width) {
@@ -233,9 +236,7 @@ void JVXWriter::putColorAt(detail::ColorListWriter& writer, const std::int64_t* 
 }
 
 void JVXWriter::putColors(detail::ColorListWriter& writer) {
-    out() << "<colors num=\"";
-    integer(std::int64_t(writer.count()));
-    out() << "\">\n";
+    openCounted("colors", std::int64_t(writer.count()));
     for (std::size_t i = 0; i < writer.count(); ++i) putColorAt(writer, std::int64_t(i));
     out() << "</colors>\n";
 }
@@ -263,6 +264,59 @@ void JVXWriter::putIndexRun(const char* tag, std::int64_t first, std::int64_t la
         integer(first);
     }
     out() << "</" << tag << ">\n";
+}
+
+void JVXWriter::openCounted(const char* tag, std::int64_t count) {
+    out() << '<' << tag << " num=\"";
+    integer(count);
+    out() << "\">\n";
+}
+
+void JVXWriter::openLineSet(std::int64_t count, bool colored, std::optional<bool> smooth) {
+    out() << "<lineSet";
+    showAttr("color", colored);
+    showAttr("colorFromPoints", colored);
+    if (smooth) showAttr("colorSmooth", *smooth);
+    out() << ">\n";
+    openCounted("lines", count);
+}
+
+void JVXWriter::putChainLines(std::int64_t n, bool closed) {
+    for (std::int64_t i = 1; i < n; ++i) {
+        const std::int64_t pair[2] = {i - 1, i};
+        putIndices("l", pair, 2);
+    }
+    if (closed) {
+        const std::int64_t pair[2] = {n - 1, 0};
+        putIndices("l", pair, 2);
+    }
+}
+
+void JVXWriter::putChainColors(detail::ColorListWriter& writer, std::int64_t n, bool closed) {
+    openCounted("colors", closed ? n : n - 1);
+    for (std::int64_t i = 1; i < n; ++i) putColorAt(writer, i - 1, i);
+    if (closed) putColorAt(writer, n - 1, 0);
+    out() << "</colors>\n";
+}
+
+void JVXWriter::endLines(RGBA c, double width) {
+    putScaledThickness(width);
+    color(c);
+    out() << "</lines>\n";
+}
+
+void JVXWriter::endLineGeometry(RGBA c, double width) {
+    endLines(c, width);
+    out() << "</lineSet>\n";
+    putMaterial(c.alpha(), false);
+    out() << "</geometry>\n";
+}
+
+void JVXWriter::endFaceGeometry(RGBA shown, unsigned long alpha) {
+    color(shown);
+    out() << "</faces>\n<neighbours num=\"0\"/>\n</faceSet>\n";
+    putMaterial(alpha, false);
+    out() << "</geometry>\n";
 }
 
 } // namespace Grafel

@@ -18,6 +18,15 @@ unsigned long trunc255(double x) {
 }
 } // namespace
 
+bool isColored(Arbor::Token type, const RGBA* list) {
+    if (type == getToken(id_Flat)) return false;
+    return type != getToken(id_Functional) || list;
+}
+
+const RGBA* functionalList(Arbor::Token type, const RGBA* list) {
+    return type == getToken(id_Functional) ? list : nullptr;
+}
+
 Hsv rgbToHsv(RGBA c) {
     const double r = double(c.red()), g = double(c.green()), b = double(c.blue());
     Hsv out;

@@ -7,24 +7,34 @@ namespace Grafel::detail {
 
 namespace {
 
-class TrianglesIterator final : public FaceIterator {
+/// Faces of `Corners` points each, one after the other, none sharing a point.
+template <int Corners> class SeparateFacesIterator final : public FaceIterator {
 public:
     using FaceIterator::FaceIterator;
-    std::int64_t numFaces() const override { return n / 3; }
-    std::int64_t numLines() const override { return (n / 3) * 3; }
+    std::int64_t numFaces() const override { return n / Corners; }
+    std::int64_t numLines() const override { return (n / Corners) * Corners; }
+    bool isQuad() const override { return Corners == 4; }
     bool hasNeighbours() const override { return false; }
     int faceIndices(std::int64_t i, std::int64_t* o) const override {
-        o[0] = 3 * i, o[1] = 3 * i + 1, o[2] = 3 * i + 2;
-        return 3;
+        for (int k = 0; k < Corners; ++k) o[k] = Corners * i + k;
+        return Corners;
     }
+    /// Each corner paired with the next, the last with the first.
     int faceLines(std::int64_t i, std::int64_t* o) const override {
-        const std::int64_t a = 3 * i;
-        const std::int64_t v[6] = {a, a + 1, a + 1, a + 2, a + 2, a};
-        for (int k = 0; k < 6; ++k) o[k] = v[k];
-        return 3;
+        const std::int64_t a = Corners * i;
+        for (int k = 0; k < Corners; ++k) {
+            o[2 * k] = a + k;
+            o[2 * k + 1] = a + (k + 1) % Corners;
+        }
+        return Corners;
     }
-    void faceNeighbours(std::int64_t, std::int64_t* o) const override { o[0] = o[1] = o[2] = -1; }
+    void faceNeighbours(std::int64_t, std::int64_t* o) const override {
+        for (int k = 0; k < Corners; ++k) o[k] = -1;
+    }
 };
+
+using TrianglesIterator = SeparateFacesIterator<3>;
+using QuadsIterator = SeparateFacesIterator<4>;
 
 /// Strip and fan share their counts and pairs.
 class StripOrFan : public FaceIterator {
@@ -66,28 +76,6 @@ public:
         o[0] = -1;
         o[1] = i < n - 3 ? i + 1 : -1;
         o[2] = i - 1;
-    }
-};
-
-class QuadsIterator final : public FaceIterator {
-public:
-    using FaceIterator::FaceIterator;
-    std::int64_t numFaces() const override { return n / 4; }
-    std::int64_t numLines() const override { return (n / 4) * 4; }
-    bool isQuad() const override { return true; }
-    bool hasNeighbours() const override { return false; }
-    int faceIndices(std::int64_t i, std::int64_t* o) const override {
-        for (int k = 0; k < 4; ++k) o[k] = 4 * i + k;
-        return 4;
-    }
-    int faceLines(std::int64_t i, std::int64_t* o) const override {
-        const std::int64_t a = 4 * i;
-        const std::int64_t v[8] = {a, a + 1, a + 1, a + 2, a + 2, a + 3, a + 3, a};
-        for (int k = 0; k < 8; ++k) o[k] = v[k];
-        return 4;
-    }
-    void faceNeighbours(std::int64_t, std::int64_t* o) const override {
-        o[0] = o[1] = o[2] = o[3] = -1;
     }
 };
 

@@ -13,17 +13,8 @@
 
 namespace Grafel {
 
-namespace {
-/// Whether a ColorType computes colours: Functional only with a list to take them from.
-bool isColored(Arbor::Token type, const RGBA* list) {
-    if (type == getToken(id_Flat)) return false;
-    return type != getToken(id_Functional) || list;
-}
-
-const RGBA* functionalList(Arbor::Token type, const RGBA* list) {
-    return type == getToken(id_Functional) ? list : nullptr;
-}
-} // namespace
+using detail::functionalList;
+using detail::isColored;
 
 void JVXWriter::putPoly3d(Poly3d& e) {
     const std::size_t n = e.size();
@@ -61,37 +52,17 @@ void JVXWriter::putPoly3d(Poly3d& e) {
     if (colored) putColors(colors);
     out() << "</pointSet>\n";
     const bool closed = e.getClosed();
-    const std::int64_t last = std::int64_t(n) - 1;
-    const std::int64_t m = closed ? last + 1 : last;
+    const std::int64_t count = std::int64_t(n);
+    const std::int64_t m = closed ? count : count - 1;
     if (m < 1 || !e.getLinesVisible()) {
         out() << "</geometry>\n";
         return;
     }
-    out() << "<lineSet";
-    showAttr("color", colored);
-    showAttr("colorFromPoints", colored);
-    showAttr("colorSmooth", colored && smooth);
-    out() << ">\n<lines num=\"";
-    integer(m);
-    out() << "\">\n";
-    for (std::int64_t i = 1; i <= last; ++i) {
-        const std::int64_t pair[2] = {i - 1, i};
-        putIndices("l", pair, 2);
-    }
-    if (closed) {
-        const std::int64_t pair[2] = {last, 0};
-        putIndices("l", pair, 2);
-    }
+    openLineSet(m, colored, colored && smooth);
+    putChainLines(count, closed);
     putStyle(e.getLineColor(), e.getLineWidth());
     out() << "</lines>\n";
-    if (colored) {
-        out() << "<colors num=\"";
-        integer(m);
-        out() << "\">\n";
-        for (std::int64_t i = 1; i <= last; ++i) putColorAt(colors, i - 1, i);
-        if (closed) putColorAt(colors, last, 0);
-        out() << "</colors>\n";
-    }
+    if (colored) putChainColors(colors, count, closed);
     out() << "</lineSet>\n";
     putMaterial(e.getLineColor().alpha(), smooth);
     out() << "</geometry>\n";
@@ -116,13 +87,7 @@ void JVXWriter::putLines3d(Lines3d& e) {
     const bool pairs = kind == getToken(id_Lines), loop = kind == getToken(id_LineLoop);
     const std::int64_t m = pairs ? n / 2 : loop ? n : n - 1;
     if (m >= 1) {
-        out() << "<lineSet";
-        showAttr("color", colored);
-        showAttr("colorFromPoints", colored);
-        showAttr("colorSmooth", colored);
-        out() << ">\n<lines num=\"";
-        integer(m);
-        out() << "\">\n";
+        openLineSet(m, colored, colored);
         // An odd count of separate segments ends in a pair that reaches one past the points.
         auto eachPair = [&](auto&& f) {
             if (pairs) {
@@ -136,13 +101,9 @@ void JVXWriter::putLines3d(Lines3d& e) {
             const std::int64_t pair[2] = {a, b};
             putIndices("l", pair, 2);
         });
-        putScaledThickness(e.getLineWidth());
-        color(e.getLineColor());
-        out() << "</lines>\n";
+        endLines(e.getLineColor(), e.getLineWidth());
         if (colored) {
-            out() << "<colors num=\"";
-            integer(m);
-            out() << "\">\n";
+            openCounted("colors", m);
             eachPair([&](std::int64_t a, std::int64_t b) { putColorAt(colors, a, b); });
             out() << "</colors>\n";
         }
@@ -185,18 +146,15 @@ void JVXWriter::putSurf3d(Surf3d& e) {
             showAttr("colorFromPoints", faceColored);
             showAttr("colorEdge", faceColored && meshVisible);
             showAttr("colorSmooth", faceColored && smooth);
-            out() << ">\n<faces num=\"";
-            integer(count);
-            out() << "\">\n";
+            out() << ">\n";
+            openCounted("faces", count);
             std::int64_t corners[4];
             for (std::int64_t i = 0; i < count; ++i)
                 putIndices("f", corners, faces->faceIndices(i, corners));
             color(e.getFillColor());
             out() << "</faces>\n";
             if (faces->hasNeighbours()) {
-                out() << "<neighbours num=\"";
-                integer(count);
-                out() << "\">\n";
+                openCounted("neighbours", count);
                 const int k = faces->isQuad() ? 4 : 3;
                 for (std::int64_t i = 0; i < count; ++i) {
                     faces->faceNeighbours(i, corners);
@@ -208,9 +166,7 @@ void JVXWriter::putSurf3d(Surf3d& e) {
             }
             if (meshVisible) putEdgeStyle(e.getLineColor(), e.getLineWidth());
             if (faceColored) {
-                out() << "<colors num=\"";
-                integer(count);
-                out() << "\">\n";
+                openCounted("colors", count);
                 for (std::int64_t i = 0; i < count; ++i)
                     putColorAt(colors, corners, faces->faceIndices(i, corners));
                 out() << "</colors>\n";
@@ -230,13 +186,7 @@ void JVXWriter::putSurf3d(Surf3d& e) {
         const auto faces = detail::makeFaceIterator(e.getType(), std::int64_t(n));
         const std::int64_t lines = faces->numLines();
         if (lines >= 1) {
-            out() << "<lineSet";
-            showAttr("color", lineColored);
-            showAttr("colorFromPoints", lineColored);
-            showAttr("colorSmooth", lineColored && smooth);
-            out() << ">\n<lines num=\"";
-            integer(lines);
-            out() << "\">\n";
+            openLineSet(lines, lineColored, lineColored && smooth);
             std::int64_t pairs[8];
             const std::int64_t count = faces->numFaces();
             for (std::int64_t i = 0; i < count; ++i) {
@@ -245,9 +195,7 @@ void JVXWriter::putSurf3d(Surf3d& e) {
             }
             out() << "</lines>\n";
             if (lineColored) {
-                out() << "<colors num=\"";
-                integer(lines);
-                out() << "\">\n";
+                openCounted("colors", lines);
                 // The colours are taken by the position in the face's pair list, so every
                 // face gets those of the first few points.
                 for (std::int64_t i = 0; i < count; ++i) {
@@ -286,18 +234,15 @@ void JVXWriter::putMesh3d(Mesh3d& e) {
         // The grid nodes on their own, so that the points of the refinement stay hidden.
         out() << "<geometry>\n<pointSet dim=\"3\" pointOutline=\"hide\"";
         showAttr("color", lineColored);
-        out() << ">\n<points num=\"";
-        integer(uMesh * vMesh);
-        out() << "\">\n";
+        out() << ">\n";
+        openCounted("points", uMesh * vMesh);
         for (std::int64_t r = 0; r < nV; r += sv)
             for (std::int64_t c = 0; c < nU; c += su) putP(points[r * nU + c]);
         putPointThickness(e.getPointSize());
         color(e.getLineColor());
         out() << "</points>\n";
         if (lineColored) {
-            out() << "<colors num=\"";
-            integer(uMesh * vMesh);
-            out() << "\">\n";
+            openCounted("colors", uMesh * vMesh);
             for (std::int64_t r = 0; r < nV; r += sv)
                 for (std::int64_t c = 0; c < nU; c += su) putColorAt(lineColors, r * nU + c);
             out() << "</colors>\n";
@@ -327,9 +272,8 @@ void JVXWriter::putMesh3d(Mesh3d& e) {
             showAttr("color", faceColored);
             showAttr("colorFromPoints", faceColored);
             showAttr("colorSmooth", faceColored && smooth);
-            out() << ">\n<faces num=\"";
-            integer(cells);
-            out() << "\">\n";
+            out() << ">\n";
+            openCounted("faces", cells);
             for (std::int64_t r = 0; r + 1 < nV; ++r)
                 for (std::int64_t c = 0; c + 1 < nU; ++c) {
                     const std::int64_t i = r * nU + c;
@@ -337,9 +281,8 @@ void JVXWriter::putMesh3d(Mesh3d& e) {
                     putIndices("f", f, 4);
                 }
             color(e.getFillColor());
-            out() << "</faces>\n<neighbours num=\"";
-            integer(cells);
-            out() << "\">\n";
+            out() << "</faces>\n";
+            openCounted("neighbours", cells);
             const std::int64_t rowCells = nU - 1;
             for (std::int64_t r = 0; r + 1 < nV; ++r)
                 for (std::int64_t c = 0; c < rowCells; ++c) {
@@ -352,9 +295,7 @@ void JVXWriter::putMesh3d(Mesh3d& e) {
             out() << "</neighbours>\n";
             putEdgeStyle(e.getLineColor(), e.getLineWidth());
             if (faceColored) {
-                out() << "<colors num=\"";
-                integer(cells);
-                out() << "\">\n";
+                openCounted("colors", cells);
                 for (std::int64_t r = 0; r + 1 < nV; ++r)
                     for (std::int64_t c = 0; c + 1 < nU; ++c) {
                         const std::int64_t i = r * nU + c;
@@ -374,13 +315,7 @@ void JVXWriter::putMesh3d(Mesh3d& e) {
     out() << "</pointSet>\n";
     const std::int64_t lines = (nV - 1) * uMesh + (nU - 1) * vMesh;
     if (linesShown && lines >= 1) {
-        out() << "<lineSet";
-        showAttr("color", lineColored);
-        showAttr("colorFromPoints", lineColored);
-        showAttr("colorSmooth", lineColored && smooth);
-        out() << ">\n<lines num=\"";
-        integer(lines);
-        out() << "\">\n";
+        openLineSet(lines, lineColored, lineColored && smooth);
         for (std::int64_t r = 0; r < nV; r += sv)
             for (std::int64_t c = 0; c + 1 < nU; ++c) {
                 const std::int64_t pair[2] = {r * nU + c, r * nU + c + 1};
@@ -391,15 +326,11 @@ void JVXWriter::putMesh3d(Mesh3d& e) {
                 const std::int64_t pair[2] = {r * nU + c, r * nU + c + nU};
                 putIndices("l", pair, 2);
             }
-        putScaledThickness(e.getLineWidth());
-        color(e.getLineColor());
-        out() << "</lines>\n";
+        endLines(e.getLineColor(), e.getLineWidth());
         if (lineColored) {
             // These walks write more colours than there are lines; the second one counts as
             // if the points stood column after column.
-            out() << "<colors num=\"";
-            integer(lines);
-            out() << "\">\n";
+            openCounted("colors", lines);
             for (std::int64_t r = 0; r < nV; r += sv)
                 for (std::int64_t c = 0; c < nU; ++c)
                     putColorAt(lineColors, r * nU + c, r * nU + c + 1);

@@ -51,11 +51,7 @@ void JVXWriter::putSegment(Point from, Point to, RGBA c, double width, SegmentTi
     out() << "</pointSet>\n<lineSet";
     if (tip != SegmentTip::none) showAttr("arrow", tip == SegmentTip::shown);
     out() << ">\n<lines num=\"1\">\n<l>0 1</l>\n";
-    putScaledThickness(width);
-    color(c);
-    out() << "</lines>\n</lineSet>\n";
-    putMaterial(c.alpha(), false);
-    out() << "</geometry>\n";
+    endLineGeometry(c, width);
 }
 
 namespace {
@@ -96,9 +92,8 @@ void JVXWriter::putArc2d(Arc2d& e) {
     const P2 c = e.getCenter();
 
     auto putArcPoints = [&] {
-        out() << "<geometry>\n<pointSet dim=\"2\" point=\"hide\">\n<points num=\"";
-        integer(m + 1);
-        out() << "\">\n";
+        out() << "<geometry>\n<pointSet dim=\"2\" point=\"hide\">\n";
+        openCounted("points", m + 1);
         if (!whole) putP(c);
         // The angles are multiples of the step, not a running sum, so that a whole turn ends
         // after exactly 100 points.
@@ -114,10 +109,8 @@ void JVXWriter::putArc2d(Arc2d& e) {
         putArcPoints();
         out() << "<faceSet edge=\"hide\">\n<faces num=\"1\">\n";
         putIndexRun("f", 0, m, false);
-        color(patternColor(e.getFillColor(), e.getFillPattern()));
-        out() << "</faces>\n<neighbours num=\"0\"/>\n</faceSet>\n";
-        putMaterial(e.getFillColor().alpha(), false);
-        out() << "</geometry>\n";
+        endFaceGeometry(patternColor(e.getFillColor(), e.getFillPattern()),
+                        e.getFillColor().alpha());
     }
     if (e.getLinesVisible()) {
         putArcPoints();
@@ -126,39 +119,33 @@ void JVXWriter::putArc2d(Arc2d& e) {
             putIndexRun("l", 0, m, true);
         else
             putIndexRun("l", 1, m, false);
-        putScaledThickness(e.getLineWidth());
-        color(e.getLineColor());
-        out() << "</lines>\n</lineSet>\n";
-        putMaterial(e.getLineColor().alpha(), false);
-        out() << "</geometry>\n";
+        endLineGeometry(e.getLineColor(), e.getLineWidth());
     }
+}
+
+template <class Point>
+void JVXWriter::putPointGeometry(const Point* points, std::size_t n, RGBA c, double size) {
+    out() << "<geometry>\n<pointSet dim=\"" << (sizeof(Point) == sizeof(P2) ? '2' : '3')
+          << "\" pointOutline=\"hide\">\n";
+    putPoints(points, n, c, size);
+    out() << "</pointSet>\n";
+    putMaterial(c.alpha(), false);
+    out() << "</geometry>\n";
 }
 
 void JVXWriter::putPt2d(Pt2d& e) {
     const P2 p = e.getPosition();
-    out() << "<geometry>\n<pointSet dim=\"2\" pointOutline=\"hide\">\n";
-    putPoints(&p, 1, e.getPointColor(), e.getPointSize());
-    out() << "</pointSet>\n";
-    putMaterial(e.getPointColor().alpha(), false);
-    out() << "</geometry>\n";
+    putPointGeometry(&p, 1, e.getPointColor(), e.getPointSize());
 }
 
 void JVXWriter::putPts2d(Pts2d& e) {
     if (!e.getPointsVisible() || e.size() == 0) return;
-    out() << "<geometry>\n<pointSet dim=\"2\" pointOutline=\"hide\">\n";
-    putPoints(e.points(), e.size(), e.getPointColor(), e.getPointSize());
-    out() << "</pointSet>\n";
-    putMaterial(e.getPointColor().alpha(), false);
-    out() << "</geometry>\n";
+    putPointGeometry(e.points(), e.size(), e.getPointColor(), e.getPointSize());
 }
 
 void JVXWriter::putPts3d(Pts3d& e) {
     if (!e.getPointsVisible() || e.size() == 0) return;
-    out() << "<geometry>\n<pointSet dim=\"3\" pointOutline=\"hide\">\n";
-    putPoints(e.points(), e.size(), e.getPointColor(), e.getPointSize());
-    out() << "</pointSet>\n";
-    putMaterial(e.getPointColor().alpha(), false);
-    out() << "</geometry>\n";
+    putPointGeometry(e.points(), e.size(), e.getPointColor(), e.getPointSize());
 }
 
 void JVXWriter::putVerticalAsymptote(VerticalAsymptote& e) {
@@ -211,18 +198,15 @@ void JVXWriter::putPoly2d(Poly2d& e) {
     const std::size_t n = e.size();
     if (n == 0) return;
     const Arbor::Token type = e.getLineColorType();
-    const bool functional = type == getToken(id_Functional);
-    const bool colored = type != getToken(id_Flat) && (!functional || e.colors());
+    const bool colored = detail::isColored(type, e.colors());
     const P2* points = e.points();
     if (e.getFilled() && n >= 3) {
         out() << pointHead(2);
         putPoints(points, n, e.getLineColor(), e.getPointSize());
         out() << "</pointSet>\n<faceSet edge=\"hide\">\n<faces num=\"1\">\n";
         putIndexRun("f", 0, std::int64_t(n) - 1, false);
-        color(patternColor(e.getFillColor(), e.getFillPattern()));
-        out() << "</faces>\n<neighbours num=\"0\"/>\n</faceSet>\n";
-        putMaterial(e.getFillColor().alpha(), false);
-        out() << "</geometry>\n";
+        endFaceGeometry(patternColor(e.getFillColor(), e.getFillPattern()),
+                        e.getFillColor().alpha());
     }
     if (!e.getLinesVisible() && !e.getPointsVisible()) return;
     out() << "<geometry>\n<pointSet dim=\"2\" pointOutline=\"hide\"";
@@ -231,7 +215,8 @@ void JVXWriter::putPoly2d(Poly2d& e) {
     out() << ">\n";
     putPoints(points, n, e.getLineColor(), e.getPointSize());
     detail::ColorWriter2D colors(type, e.getLineColor(), e.getLineColor2(), colorRangeMin,
-                                 colorRangeMax, functional ? e.colors() : nullptr, points, n);
+                                 colorRangeMax, detail::functionalList(type, e.colors()), points,
+                                 n);
     if (colored) putColors(colors);
     out() << "</pointSet>\n";
     const bool closed = e.getClosed();
@@ -240,32 +225,10 @@ void JVXWriter::putPoly2d(Poly2d& e) {
         out() << "</geometry>\n";
         return;
     }
-    out() << "<lineSet";
-    showAttr("color", colored);
-    showAttr("colorFromPoints", colored);
-    out() << ">\n<lines num=\"";
-    integer(m);
-    out() << "\">\n";
-    auto pair = [&](std::int64_t a, std::int64_t b) {
-        out() << "<l>";
-        integer(a);
-        out() << ' ';
-        integer(b);
-        out() << "</l>\n";
-    };
-    for (std::int64_t i = 1; i < std::int64_t(n); ++i) pair(i - 1, i);
-    if (closed) pair(std::int64_t(n) - 1, 0);
-    putScaledThickness(e.getLineWidth());
-    color(e.getLineColor());
-    out() << "</lines>\n";
-    if (colored) {
-        out() << "<colors num=\"";
-        integer(m);
-        out() << "\">\n";
-        for (std::int64_t i = 1; i < std::int64_t(n); ++i) putColorAt(colors, i - 1, i);
-        if (closed) putColorAt(colors, std::int64_t(n) - 1, 0);
-        out() << "</colors>\n";
-    }
+    openLineSet(m, colored, std::nullopt);
+    putChainLines(std::int64_t(n), closed);
+    endLines(e.getLineColor(), e.getLineWidth());
+    if (colored) putChainColors(colors, std::int64_t(n), closed);
     out() << "</lineSet>\n";
     putMaterial(e.getLineColor().alpha(), false);
     out() << "</geometry>\n";

@@ -84,20 +84,13 @@ void JVXWriter::putCircle3d(Circle3d& e) {
         head();
         out() << "<lineSet>\n<lines num=\"1\">\n";
         putIndexRun("l", 0, circlePoints - 1, true);
-        putScaledThickness(e.getLineWidth());
-        color(e.getLineColor());
-        out() << "</lines>\n</lineSet>\n";
-        putMaterial(e.getLineColor().alpha(), false);
-        out() << "</geometry>\n";
+        endLineGeometry(e.getLineColor(), e.getLineWidth());
     }
     if (e.getFilled()) {
         head();
         out() << "<faceSet face=\"show\" edge=\"hide\">\n<faces num=\"1\">\n";
         putIndexRun("f", 0, circlePoints - 1, false);
-        color(e.getFillColor());
-        out() << "</faces>\n<neighbours num=\"0\"/>\n</faceSet>\n";
-        putMaterial(e.getFillColor().alpha(), false);
-        out() << "</geometry>\n";
+        endFaceGeometry(e.getFillColor(), e.getFillColor().alpha());
     }
 }
 
@@ -118,11 +111,7 @@ void JVXWriter::putCone(Cone& e) {
         out() << "<lineSet>\n<lines num=\"2\">\n";
         putIndexRun("l", 0, circlePoints - 1, true);
         putIndexRun("l", circlePoints, 2 * circlePoints - 1, true);
-        putScaledThickness(e.getLineWidth());
-        color(e.getLineColor());
-        out() << "</lines>\n</lineSet>\n";
-        putMaterial(e.getLineColor().alpha(), false);
-        out() << "</geometry>\n";
+        endLineGeometry(e.getLineColor(), e.getLineWidth());
     }
     if (e.getFilled()) {
         head();

@@ -118,10 +118,17 @@ ChildRows childRows(const Grafel::PlotElement& element) {
         if (!Grafel::elementMaker(id)) continue;
         const Token tag = Grafel::getToken(id);
         switch (element.childRole(tag)) {
-        case Grafel::ChildRole::None: break;
-        case Grafel::ChildRole::Content: rows.content.emplace_back(tag.text()); break;
-        case Grafel::ChildRole::Option: rows.options.emplace_back(tag.text()); break;
-        case Grafel::ChildRole::MandatoryOption: rows.mandatory.emplace_back(tag.text()); break;
+        case Grafel::ChildRole::None:
+            break;
+        case Grafel::ChildRole::Content:
+            rows.content.emplace_back(tag.text());
+            break;
+        case Grafel::ChildRole::Option:
+            rows.options.emplace_back(tag.text());
+            break;
+        case Grafel::ChildRole::MandatoryOption:
+            rows.mandatory.emplace_back(tag.text());
+            break;
         }
     }
     for (auto* list : {&rows.content, &rows.options, &rows.mandatory})

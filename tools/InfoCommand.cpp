@@ -266,14 +266,9 @@ int runInfo(Words args) {
     ReportScope reports(displayName(input), std::cerr);
     Grafel::PlotDocument document;
     if (!loadDocument(document, input, {}, reports)) return ExitFailed;
-    std::ostringstream text;
-    try {
-        print(text, reports.input(), document);
-    } catch (const std::exception& e) {
-        reports.emit(std::string("error: cannot summarise the document: ") + e.what());
-        return ExitFailed;
-    }
-    return writeOutput(text.str(), "-") ? ExitOk : ExitFailed;
+    return writeMadeOutput(
+        reports, "summarise the document",
+        [&](std::ostream& out) { print(out, reports.input(), document); }, "-");
 }
 
 } // namespace GrafelTool

@@ -1,8 +1,6 @@
 #include "JvdExport.h"
 
-#include "Arguments.h"
 #include "Load.h"
-#include "Output.h"
 
 #include <grafel/document/PlotDocument.h>
 #include <grafel/output/JVDWriter.h>
@@ -11,7 +9,6 @@
 #include <cstdio>
 #include <cstring>
 #include <iostream>
-#include <sstream>
 
 namespace GrafelTool {
 
@@ -38,18 +35,7 @@ int exportJvd(Grafel::PlotDocument& document, const JvxExportOptions& options, R
               bool companion) {
     ToolJvdWriter writer(&document, reports, companion);
     if (!options.dtdHost.empty()) writer.setDtdHost(options.dtdHost);
-    try {
-        // Made whole before the output is opened, so that a failed export leaves an existing
-        // file alone.
-        std::ostringstream text;
-        writer.write(&text, options.time ? *options.time : Grafel::JavaViewWriter::noTime);
-        return writeOutput(text.str(), options.output) ? ExitOk : ExitFailed;
-    } catch (const Grafel::JavaViewExportError& e) {
-        reports.emit(std::string("JavaView export error: ") + e.what());
-    } catch (const std::exception& e) {
-        reports.emit(std::string("error: cannot write the document: ") + e.what());
-    }
-    return ExitFailed;
+    return reportExportErrors(reports, [&] { return writeWholeFile(writer, options); });
 }
 
 std::string displayFileFor(const std::string& model) {

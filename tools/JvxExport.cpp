@@ -49,7 +49,7 @@ int exportJvx(Grafel::PlotDocument& document, const JvxExportOptions& options,
               ReportScope& reports) {
     ToolJvxWriter writer(&document, reports, options.noClobber);
     if (!options.dtdHost.empty()) writer.setDtdHost(options.dtdHost);
-    try {
+    return reportExportErrors(reports, [&]() -> int {
         if (options.frames) {
             double begin = 0, end = 0;
             if (writer.animationRange(begin, end) && *options.frames > 0 &&
@@ -65,17 +65,27 @@ int exportJvx(Grafel::PlotDocument& document, const JvxExportOptions& options,
             }
             return ExitOk;
         }
-        // The whole model is made before the output is opened, so that a failed export leaves
-        // an existing file alone.
-        std::ostringstream text;
-        writer.write(&text, options.time ? *options.time : Grafel::JavaViewWriter::noTime);
-        return writeOutput(text.str(), options.output) ? ExitOk : ExitFailed;
+        return writeWholeFile(writer, options);
+    });
+}
+
+int reportExportErrors(ReportScope& reports, const std::function<int()>& steps) {
+    try {
+        return steps();
     } catch (const Grafel::JavaViewExportError& e) {
         reports.emit(std::string("JavaView export error: ") + e.what());
     } catch (const std::exception& e) {
         reports.emit(std::string("error: cannot write the document: ") + e.what());
     }
     return ExitFailed;
+}
+
+int writeWholeFile(Grafel::JavaViewWriter& writer, const JvxExportOptions& options) {
+    // Made whole before the output is opened, so that a failed export leaves an existing file
+    // alone.
+    std::ostringstream text;
+    writer.write(&text, options.time ? *options.time : Grafel::JavaViewWriter::noTime);
+    return writeOutput(text.str(), options.output) ? ExitOk : ExitFailed;
 }
 
 } // namespace GrafelTool

@@ -1,12 +1,14 @@
 // grafel convert --to jvx: one model, or an animation as numbered model files.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
 namespace Grafel {
+class JavaViewWriter;
 class PlotDocument;
-}
+} // namespace Grafel
 
 namespace GrafelTool {
 
@@ -29,5 +31,12 @@ struct JvxExportOptions {
 /// `reports` as "JavaView export error: TEXT" and "warning: TEXT"; answers the exit status.
 int exportJvx(Grafel::PlotDocument& document, const JvxExportOptions& options,
               ReportScope& reports);
+
+/// Runs the steps of an export and answers their exit status; what they throw is reported
+/// through `reports` as the export commands report it, and fails the export.
+int reportExportErrors(ReportScope& reports, const std::function<int()>& steps);
+
+/// Writes what `writer` makes at the time of `options` to `options.output` in one piece.
+int writeWholeFile(Grafel::JavaViewWriter& writer, const JvxExportOptions& options);
 
 } // namespace GrafelTool

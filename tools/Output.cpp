@@ -1,9 +1,14 @@
 #include "Output.h"
 
+#include "Arguments.h"
+#include "Load.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <exception>
 #include <iostream>
+#include <sstream>
 
 namespace GrafelTool {
 
@@ -25,6 +30,18 @@ bool writeOutput(const std::string& text, const std::string& path) {
         return false;
     }
     return true;
+}
+
+int writeMadeOutput(ReportScope& reports, const char* doing,
+                    const std::function<void(std::ostream&)>& make, const std::string& path) {
+    std::ostringstream text;
+    try {
+        make(text);
+    } catch (const std::exception& e) {
+        reports.emit(std::string("error: cannot ") + doing + ": " + e.what());
+        return ExitFailed;
+    }
+    return writeOutput(text.str(), path) ? ExitOk : ExitFailed;
 }
 
 } // namespace GrafelTool

@@ -15,7 +15,6 @@
 #include <exception>
 #include <iostream>
 #include <optional>
-#include <sstream>
 #include <string>
 
 namespace GrafelTool {
@@ -101,14 +100,9 @@ int runTimes(Words args) {
     ReportScope reports(displayName(input), std::cerr);
     Grafel::PlotDocument document;
     if (!loadDocument(document, input, {}, reports)) return ExitFailed;
-    std::ostringstream text;
-    try {
-        stepThrough(document, from, backward, text);
-    } catch (const std::exception& e) {
-        reports.emit(std::string("error: cannot step the animation: ") + e.what());
-        return ExitFailed;
-    }
-    return writeOutput(text.str(), "-") ? ExitOk : ExitFailed;
+    return writeMadeOutput(
+        reports, "step the animation",
+        [&](std::ostream& out) { stepThrough(document, from, backward, out); }, "-");
 }
 
 } // namespace GrafelTool

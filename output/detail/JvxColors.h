@@ -18,6 +18,12 @@ struct Hsv {
 
 Hsv rgbToHsv(RGBA c);
 
+/// Whether a ColorType computes colours: never Flat, Functional only with a list to take them
+/// from.
+bool isColored(Arbor::Token type, const RGBA* list);
+/// The list colours are taken from under a ColorType: `list` for Functional, else none.
+const RGBA* functionalList(Arbor::Token type, const RGBA* list);
+
 /// The colour of a number between `min` and `max` under a ColorType: a flat range gives the
 /// first colour; Monochrome scales it, Dichromatic runs from the second colour at `min` to the
 /// first at `max`, anything else runs the long way round the colour circle between them.
@@ -61,30 +67,30 @@ private:
     std::size_t count_;
 };
 
-class ColorWriter2D final : public ColorListWriter {
+/// The height a point is coloured by.
+inline double heightOf(P2 p) {
+    return p.y;
+}
+
+inline double heightOf(P3 p) {
+    return p.z;
+}
+
+/// Per-point colours of a list of 2D or 3D points.
+template <class Point> class PointColorWriter final : public ColorListWriter {
 public:
-    ColorWriter2D(Arbor::Token type, RGBA color1, RGBA color2, double min, double max,
-                  const RGBA* colorList, const P2* points, std::size_t count)
+    PointColorWriter(Arbor::Token type, RGBA color1, RGBA color2, double min, double max,
+                     const RGBA* colorList, const Point* points, std::size_t count)
         : ColorListWriter(type, color1, color2, min, max, colorList, count), points_(points) {}
 
 protected:
-    double valueAt(std::size_t i) const override { return points_[i].y; }
+    double valueAt(std::size_t i) const override { return heightOf(points_[i]); }
 
 private:
-    const P2* points_;
+    const Point* points_;
 };
 
-class ColorWriter3D final : public ColorListWriter {
-public:
-    ColorWriter3D(Arbor::Token type, RGBA color1, RGBA color2, double min, double max,
-                  const RGBA* colorList, const P3* points, std::size_t count)
-        : ColorListWriter(type, color1, color2, min, max, colorList, count), points_(points) {}
-
-protected:
-    double valueAt(std::size_t i) const override { return points_[i].z; }
-
-private:
-    const P3* points_;
-};
+using ColorWriter2D = PointColorWriter<P2>;
+using ColorWriter3D = PointColorWriter<P3>;
 
 } // namespace Grafel::detail
