@@ -11,12 +11,7 @@ GRAFEL_DEFINE_MEMBER_PROPERTIES(ColorArray2d, GRAFEL_COLORARRAY2D_TABLE)
 ColorArray2d::~ColorArray2d() = default;
 
 std::ostream& ColorArray2d::putXml(std::ostream& out) {
-    const Arbor::Token tag = tagName();
-    out << '<' << tag;
-    putAttributesXml(out);
-    out << '>';
-    detail::putCells(cells_, out);
-    return out << "</" << tag << '>';
+    return detail::putRasterXml(*this, cells_, out);
 }
 
 } // namespace Grafel

@@ -8,18 +8,8 @@
 #include <cstddef>
 #include <iosfwd>
 
-// The mesh members start at 0 with their presence bits set: a new raster has no cells until a
-// reader states its mesh.
 #define GRAFEL_COLORARRAY2D_TABLE(P)                                                               \
-    P(Mandatory, MandatoryMeshPropertyImpl, XMesh, 0L, 1L)                                         \
-    P(Mandatory, MandatoryMeshPropertyImpl, YMesh, 0L, 1L)                                         \
-    P(Optional, RangeValueType, XMin, 0.0, 0.0)                                                    \
-    P(Optional, RangeValueType, XMax, 1.0, 1.0)                                                    \
-    P(Optional, RangeValueType, YMin, 0.0, 0.0)                                                    \
-    P(Optional, RangeValueType, YMax, 1.0, 1.0)                                                    \
-    P(Inherited, BoolProperty, LinesVisible, false, false)                                         \
-    P(Inherited, PosOutputSizeType, LineWidth, 0.5, 0.5)                                           \
-    P(Inherited, ColorProperty, LineColor, RGBA::Black, RGBA::Black)                               \
+    GRAFEL_RASTER_ROWS(P)                                                                          \
     P(Inherited, BoolProperty, AntiAliased, false, false)
 
 namespace Grafel {

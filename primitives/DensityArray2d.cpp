@@ -11,12 +11,7 @@ GRAFEL_DEFINE_MEMBER_PROPERTIES(DensityArray2d, GRAFEL_DENSITYARRAY2D_TABLE)
 DensityArray2d::~DensityArray2d() = default;
 
 std::ostream& DensityArray2d::putXml(std::ostream& out) {
-    const Arbor::Token tag = tagName();
-    out << '<' << tag;
-    putAttributesXml(out);
-    out << '>';
-    detail::putCells(cells_, out);
-    return out << "</" << tag << '>';
+    return detail::putRasterXml(*this, cells_, out);
 }
 
 } // namespace Grafel

@@ -9,18 +9,9 @@
 #include <cstddef>
 #include <iosfwd>
 
-// As on ColorArray2d, the mesh members start at 0 with their presence bits set. FillColor
-// starts black in the member and defaults to white in the descriptor.
+// FillColor starts black in the member and defaults to white in the descriptor.
 #define GRAFEL_DENSITYARRAY2D_TABLE(P)                                                             \
-    P(Mandatory, MandatoryMeshPropertyImpl, XMesh, 0L, 1L)                                         \
-    P(Mandatory, MandatoryMeshPropertyImpl, YMesh, 0L, 1L)                                         \
-    P(Optional, RangeValueType, XMin, 0.0, 0.0)                                                    \
-    P(Optional, RangeValueType, XMax, 1.0, 1.0)                                                    \
-    P(Optional, RangeValueType, YMin, 0.0, 0.0)                                                    \
-    P(Optional, RangeValueType, YMax, 1.0, 1.0)                                                    \
-    P(Inherited, BoolProperty, LinesVisible, false, false)                                         \
-    P(Inherited, PosOutputSizeType, LineWidth, 0.5, 0.5)                                           \
-    P(Inherited, ColorProperty, LineColor, RGBA::Black, RGBA::Black)                               \
+    GRAFEL_RASTER_ROWS(P)                                                                          \
     P(Inherited, ColorProperty, FillColor, RGBA::Black, RGBA::White)                               \
     P(Inherited, ColorType, FillColorType, ::Arbor::Token(), getToken(id_Flat))                    \
     P(Inherited, ColorProperty, FillColor2, RGBA::Black, RGBA::Black)                              \

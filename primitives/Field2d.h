@@ -2,19 +2,14 @@
 #pragma once
 
 #include <grafel/document/P2List.h>
-#include <grafel/primitives/PrimitiveClass.h>
+#include <grafel/primitives/FieldRows.h>
 
 // Unlike the other primitives, a new field has no presence bit set, its mandatory values too.
 #define GRAFEL_FIELD2D_TABLE(P)                                                                    \
     P(Mandatory, P2Property, Anchor, (P2(0, 0)), (P2(0, 0)))                                       \
     P(Mandatory, P2Property, Delta, (P2(1, 1)), (P2(1, 1)))                                        \
-    P(Mandatory, FieldMeshType, XMesh, 20L, 20L)                                                   \
-    P(Mandatory, FieldMeshType, YMesh, 20L, 20L)                                                   \
-    P(Inherited, ArrowLengthType, ArrowLength, ::Arbor::Token(), getToken(id_Fixed))               \
-    P(Inherited, PosOutputSizeType, LineWidth, 0.5, 0.5)                                           \
-    P(Inherited, ColorProperty, LineColor, RGBA::Black, RGBA::Black)                               \
-    P(Inherited, ColorType, LineColorType, ::Arbor::Token(), getToken(id_Flat))                    \
-    P(Inherited, ColorProperty, LineColor2, RGBA::Black, (RGBA(0, 0, 255, 255)))                   \
+    GRAFEL_FIELD_XY_MESH_ROWS(P)                                                                   \
+    GRAFEL_FIELD_ARROW_LINE_ROWS(P)                                                                \
     P(Inherited, DoubleProperty, LineColorDirectionX, 0.0, 0.0)                                    \
     P(Inherited, DoubleProperty, LineColorDirectionY, 1.0, 1.0)                                    \
     P(Inherited, TipStyleType, TipStyle, ::Arbor::Token(), getToken(id_Filled))                    \

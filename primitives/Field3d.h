@@ -2,20 +2,15 @@
 #pragma once
 
 #include <grafel/document/P3List.h>
-#include <grafel/primitives/PrimitiveClass.h>
+#include <grafel/primitives/FieldRows.h>
 
 // As on Field2d, a new field has no presence bit set. Points stand in for the arrow tips.
 #define GRAFEL_FIELD3D_TABLE(P)                                                                    \
     P(Mandatory, P3Property, Anchor, (P3(0, 0, 0)), (P3(0, 0, 0)))                                 \
     P(Mandatory, P3Property, Delta, (P3(1, 1, 1)), (P3(1, 1, 1)))                                  \
-    P(Mandatory, FieldMeshType, XMesh, 20L, 20L)                                                   \
-    P(Mandatory, FieldMeshType, YMesh, 20L, 20L)                                                   \
+    GRAFEL_FIELD_XY_MESH_ROWS(P)                                                                   \
     P(Mandatory, FieldMeshType, ZMesh, 20L, 20L)                                                   \
-    P(Inherited, ArrowLengthType, ArrowLength, ::Arbor::Token(), getToken(id_Fixed))               \
-    P(Inherited, PosOutputSizeType, LineWidth, 0.5, 0.5)                                           \
-    P(Inherited, ColorProperty, LineColor, RGBA::Black, RGBA::Black)                               \
-    P(Inherited, ColorType, LineColorType, ::Arbor::Token(), getToken(id_Flat))                    \
-    P(Inherited, ColorProperty, LineColor2, RGBA::Black, (RGBA(0, 0, 255, 255)))                   \
+    GRAFEL_FIELD_ARROW_LINE_ROWS(P)                                                                \
     P(Inherited, DoubleProperty, LineColorDirectionX, 0.0, 0.0)                                    \
     P(Inherited, DoubleProperty, LineColorDirectionY, 0.0, 0.0)                                    \
     P(Inherited, DoubleProperty, LineColorDirectionZ, 1.0, 1.0)                                    \

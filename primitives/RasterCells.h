@@ -1,11 +1,26 @@
-// The cells of a raster (ColorArray2d, DensityArray2d): what the reader's input interface asks
-// of them, held once for both.
+// What the rasters (ColorArray2d, DensityArray2d) hold alike: the first rows of their tables,
+// and the cells with what the reader's input interface asks of them.
 #pragma once
 
 #include <grafel/foundation/PointArray.h>
+#include <grafel/primitives/PrimitiveClass.h>
 
 #include <cstddef>
 #include <stdexcept>
+
+// The rows every raster's table starts with: the mesh, the rectangle and the grid lines. The
+// mesh members start at 0 with their presence bits set: a new raster has no cells until a
+// reader states its mesh.
+#define GRAFEL_RASTER_ROWS(P)                                                                      \
+    P(Mandatory, MandatoryMeshPropertyImpl, XMesh, 0L, 1L)                                         \
+    P(Mandatory, MandatoryMeshPropertyImpl, YMesh, 0L, 1L)                                         \
+    P(Optional, RangeValueType, XMin, 0.0, 0.0)                                                    \
+    P(Optional, RangeValueType, XMax, 1.0, 1.0)                                                    \
+    P(Optional, RangeValueType, YMin, 0.0, 0.0)                                                    \
+    P(Optional, RangeValueType, YMax, 1.0, 1.0)                                                    \
+    P(Inherited, BoolProperty, LinesVisible, false, false)                                         \
+    P(Inherited, PosOutputSizeType, LineWidth, 0.5, 0.5)                                           \
+    P(Inherited, ColorProperty, LineColor, RGBA::Black, RGBA::Black)
 
 namespace Grafel {
 

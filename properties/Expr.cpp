@@ -11,81 +11,28 @@ namespace Grafel {
 
 using Arbor::DomException;
 using Arbor::Token;
-using Arbor::Variant;
 
-Variant Expr::getAttribute(Token name) const {
-    if (name != tok_Opt) {
-        refuse(DomException::InvalidAccessErr, "illegal attribute '%s'\n", name.text());
-    }
-    return Arbor::TokenVariant(opt_);
-}
-
-bool Expr::hasAttribute(Token name) const {
-    return name == tok_Opt;
-}
-
-bool Expr::hasProperty(Token name) const {
-    return name == tok_Opt;
-}
-
-Variant Expr::getProperty(Token name) const {
-    return getAttribute(name);
-}
-
-void Expr::setProperty(Token name, const Variant& value) {
-    setAttribute(name, value);
-}
-
-bool Expr::isPropertyEnabled(Token name) const {
-    return name == tok_Opt;
-}
-
-Property* Expr::propertyInfo(Token name) const {
+Property* OptAttribute::descriptor() {
     static TokenListProperty<Kind::Mandatory> opt(Token(), id_Opt);
-    return name == tok_Opt ? &opt : nullptr;
+    return &opt;
 }
-
-bool Expr::maySetAttribute(Token name, const Variant& value) {
-    return name == tok_Opt && value.is<Arbor::TokenVariant>();
-}
-
-bool Expr::mayRemoveAttribute(Token) {
-    return false;
-}
-
-void Expr::setAttributeRaw(Token name, const Variant& value) {
-    if (const auto* token = value.as<Arbor::TokenVariant>(); token && name == tok_Opt)
-        opt_ = token->val();
-}
-
-void Expr::removeAttributeRaw(Token) {}
 
 void Expr::setAttributeString(Token name, const char* text) {
-    if (name != tok_Opt) {
-        refuse(DomException::InvalidAccessErr, "illegal attribute '%s'\n", name.text());
-    }
+    checkName(name);
     if (!text || !*text) {
         refuse(DomException::InvalidAccessErr, "empty option name\n");
     }
     setAttribute(tok_Opt, Arbor::TokenVariant(Token(text, true)));
 }
 
-bool Expr::afterAttributeChange(Arbor::Element* source, Token name) {
-    if (source == this) fireAfterPropertyChange(name);
-    return false;
-}
-
 std::ostream& Expr::putAttributesXml(std::ostream& out) {
     out << " Opt=\"";
-    putXmlValue(out, opt_);
+    putXmlValue(out, getOpt());
     return out << '"';
 }
 
 void Expr::putCmd(CmdOStream& out) {
-    out.beginItem();
-    out << opt_ << '=';
-    putCmdExprValue(out);
-    out.endItem();
+    putCmdNamedExpr(out, getOpt());
 }
 
 bool ExprSeq::mayReplaceChildren(Arbor::Node*, unsigned, Arbor::Node* newFirst) {
@@ -98,7 +45,7 @@ ChildRole ExprSeq::childRole(Token tag) const {
 
 void ExprSeq::putCmd(CmdOStream& out) {
     out.beginItem();
-    out << opt_ << '=';
+    out << getOpt() << '=';
     if (firstChild()) {
         out << '[';
         detail::putCmdItems(out, this);
@@ -161,7 +108,7 @@ std::ostream& ColorFunc::putXml(std::ostream& out) {
 
 void ColorFunc::putCmd(CmdOStream& out) {
     out.beginItem();
-    out << opt_ << '=';
+    out << getOpt() << '=';
     if (isVoid()) {
         out << "NIL";
     } else {

@@ -4,54 +4,42 @@
 
 #include <grafel/properties/ElementClass.h>
 #include <grafel/properties/PCDataElement.h>
+#include <grafel/properties/SoleAttributeElement.h>
 
 namespace Grafel {
 
+/// Expr's one attribute, Opt: a token, null until set.
+struct OptAttribute {
+    using Value = Arbor::Token;
+    using Holder = Arbor::TokenVariant;
+    static Arbor::Token name() { return tok_Opt; }
+    static Arbor::Token none() { return {}; }
+    static Property* descriptor();
+};
+
 /// An expression text stated for the option Opt of the element above, written as the item
 /// Opt=(text). It has no descriptor table: Opt, a token that can be set but never removed, is
-/// handled here, and any other name is an illegal attribute.
-class Expr : public ElementClass<Expr, id_Expr, PCDataElement> {
+/// its only attribute.
+class Expr : public SoleAttributeElement<ElementClass<Expr, id_Expr, PCDataElement>, OptAttribute> {
     friend ElementClass;
 
 public:
     Expr(const Expr& other) = default;
 
     /// The option name; null until set.
-    Arbor::Token getOpt() const { return opt_; }
+    Arbor::Token getOpt() const { return value_; }
 
-    /// Opt as a TokenVariant; any other name reports and throws DomException 15.
-    Arbor::Variant getAttribute(Arbor::Token name) const override;
-    /// True for Opt only.
-    bool hasAttribute(Arbor::Token name) const override;
     /// Interns the text as the option name. An empty text or another name reports and throws
     /// DomException 15.
     void setAttributeString(Arbor::Token name, const char* text) override;
-    bool hasProperty(Arbor::Token name) const override;
-    /// The same as getAttribute().
-    Arbor::Variant getProperty(Arbor::Token name) const override;
-    /// The same as setAttribute(): nothing is inherited.
-    void setProperty(Arbor::Token name, const Arbor::Variant& value) override;
-    bool isPropertyEnabled(Arbor::Token name) const override;
-    /// A static descriptor for Opt, null for any other name.
-    Property* propertyInfo(Arbor::Token name) const override;
-    /// Fires for a change on this element; never goes on to the children.
-    bool afterAttributeChange(Arbor::Element* source, Arbor::Token name) override;
     /// An item: Opt, "=", then "(" text ")" or "NIL".
     void putCmd(CmdOStream& out) override;
 
 protected:
-    explicit Expr(Arbor::Document* document) : ElementClass(document) {}
+    explicit Expr(Arbor::Document* document) : SoleAttributeElement(document) {}
 
-    /// Opt with a TokenVariant.
-    bool maySetAttribute(Arbor::Token name, const Arbor::Variant& value) override;
-    /// Opt names the element's role and cannot be removed.
-    bool mayRemoveAttribute(Arbor::Token name) override;
-    void setAttributeRaw(Arbor::Token name, const Arbor::Variant& value) override;
-    void removeAttributeRaw(Arbor::Token name) override;
     /// ` Opt="token"`, always.
     std::ostream& putAttributesXml(std::ostream& out) override;
-
-    Arbor::Token opt_;
 };
 
 /// A list of expressions, such as contour levels: IExpr children only, any number of them.

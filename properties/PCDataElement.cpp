@@ -46,4 +46,11 @@ void PCDataElement::putCmdExprValue(CmdOStream& out) const {
     out << ')';
 }
 
+void PCDataElement::putCmdNamedExpr(CmdOStream& out, Arbor::Token name) const {
+    out.beginItem();
+    out << name << '=';
+    putCmdExprValue(out);
+    out.endItem();
+}
+
 } // namespace Grafel

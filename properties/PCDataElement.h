@@ -30,6 +30,8 @@ protected:
 
     /// The value form of a named expression: "(" text ")", or "NIL" when the text is blank.
     void putCmdExprValue(CmdOStream& out) const;
+    /// The item of a named expression: `name`, "=", then the value form.
+    void putCmdNamedExpr(CmdOStream& out, Arbor::Token name) const;
 };
 
 } // namespace Grafel

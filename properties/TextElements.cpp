@@ -22,10 +22,7 @@ void StringElement::putCmdString(CmdOStream& out) {
 }
 
 void NamedExprElement::putCmd(CmdOStream& out) {
-    out.beginItem();
-    out << nodeName() << '=';
-    putCmdExprValue(out);
-    out.endItem();
+    putCmdNamedExpr(out, nodeName());
 }
 
 void SeqExprElement::putCmd(CmdOStream& out) {

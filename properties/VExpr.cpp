@@ -21,57 +21,13 @@ constexpr double viewingBoxBound = 1e30;
 
 } // namespace
 
-Variant VExpr::getAttribute(Token name) const {
-    if (name != tok_Val) {
-        refuse(DomException::InvalidAccessErr, "illegal attribute '%s'\n", name.text());
-    }
-    return Arbor::DoubleVariant(val_);
-}
-
-bool VExpr::hasAttribute(Token name) const {
-    return name == tok_Val;
-}
-
-bool VExpr::hasProperty(Token name) const {
-    return name == tok_Val;
-}
-
-Variant VExpr::getProperty(Token name) const {
-    return getAttribute(name);
-}
-
-void VExpr::setProperty(Token name, const Variant& value) {
-    setAttribute(name, value);
-}
-
-bool VExpr::isPropertyEnabled(Token name) const {
-    return name == tok_Val;
-}
-
-Property* VExpr::propertyInfo(Token name) const {
+Property* ValAttribute::descriptor() {
     static DoubleListProperty<Kind::Optional> val(NaN(), id_Val);
-    return name == tok_Val ? &val : nullptr;
+    return &val;
 }
-
-bool VExpr::maySetAttribute(Token name, const Variant& value) {
-    return name == tok_Val && value.is<Arbor::DoubleVariant>();
-}
-
-bool VExpr::mayRemoveAttribute(Token) {
-    return false;
-}
-
-void VExpr::setAttributeRaw(Token name, const Variant& value) {
-    if (const auto* number = value.as<Arbor::DoubleVariant>(); number && name == tok_Val)
-        val_ = number->val();
-}
-
-void VExpr::removeAttributeRaw(Token) {}
 
 void VExpr::setAttributeString(Token name, const char* text) {
-    if (name != tok_Val) {
-        refuse(DomException::InvalidAccessErr, "illegal attribute '%s'\n", name.text());
-    }
+    checkName(name);
     if (!text) text = "";
     double value = NaN();
     // An infinite limit means "none given": the text is not parsed at all, so that "-inf" and
@@ -92,24 +48,16 @@ void VExpr::setAttributeString(Token name, const char* text) {
     setAttribute(tok_Val, Arbor::DoubleVariant(value));
 }
 
-bool VExpr::afterAttributeChange(Arbor::Element* source, Token name) {
-    if (source == this) fireAfterPropertyChange(name);
-    return false;
-}
-
 std::ostream& VExpr::putAttributesXml(std::ostream& out) {
-    if (std::isnan(val_)) return out;
+    if (std::isnan(value_)) return out;
     out << " Val=\"";
-    putNumber(out, val_);
+    putNumber(out, value_);
     out << '"';
     return out;
 }
 
 void NamedVExprElement::putCmd(CmdOStream& out) {
-    out.beginItem();
-    out << nodeName() << '=';
-    putCmdExprValue(out);
-    out.endItem();
+    putCmdNamedExpr(out, nodeName());
 }
 
 void ViewingBoxExprElement::putCmd(CmdOStream& out) {

@@ -4,53 +4,42 @@
 #pragma once
 
 #include <grafel/foundation/NaN.h>
+#include <grafel/properties/SoleAttributeElement.h>
 #include <grafel/properties/TextElements.h>
 
 namespace Grafel {
 
+/// VExpr's one attribute, Val: a number, NaN while none was stated.
+struct ValAttribute {
+    using Value = double;
+    using Holder = Arbor::DoubleVariant;
+    static Arbor::Token name() { return tok_Val; }
+    static double none() { return NaN(); }
+    static Property* descriptor();
+};
+
 /// An expression text with its value, the attribute Val. Like Expr it has no descriptor table:
-/// its one attribute is handled here, and any other name is an illegal attribute. A NaN value
-/// is not written to XML.
-class VExpr : public ElementClass<VExpr, id_VExpr, SeqExprElement> {
+/// Val, which cannot be removed since NaN stands for its absence, is its only attribute. A NaN
+/// value is not written to XML.
+class VExpr
+    : public SoleAttributeElement<ElementClass<VExpr, id_VExpr, SeqExprElement>, ValAttribute> {
     friend ElementClass;
 
 public:
     VExpr(const VExpr& other) = default;
 
     /// The value; NaN when none was stated.
-    double getVal() const { return val_; }
+    double getVal() const { return value_; }
 
-    /// Val as a DoubleVariant (NaN included); any other name reports and throws DomException 15.
-    Arbor::Variant getAttribute(Arbor::Token name) const override;
-    /// True for Val only.
-    bool hasAttribute(Arbor::Token name) const override;
     /// Reads Val: a text containing "inf" is NaN; otherwise one number, limited to +-1e30 on
     /// the viewing box limits. Bad text or another name reports and throws DomException 15.
     void setAttributeString(Arbor::Token name, const char* text) override;
-    bool hasProperty(Arbor::Token name) const override;
-    /// The same as getAttribute().
-    Arbor::Variant getProperty(Arbor::Token name) const override;
-    /// The same as setAttribute(): nothing is inherited.
-    void setProperty(Arbor::Token name, const Arbor::Variant& value) override;
-    bool isPropertyEnabled(Arbor::Token name) const override;
-    /// A static descriptor for Val, null for any other name.
-    Property* propertyInfo(Arbor::Token name) const override;
-    /// Fires for a change on this element; never goes on to the children.
-    bool afterAttributeChange(Arbor::Element* source, Arbor::Token name) override;
 
 protected:
-    explicit VExpr(Arbor::Document* document) : ElementClass(document), val_(NaN()) {}
+    explicit VExpr(Arbor::Document* document) : SoleAttributeElement(document) {}
 
-    /// Val with a DoubleVariant.
-    bool maySetAttribute(Arbor::Token name, const Arbor::Variant& value) override;
-    /// Val cannot be removed: NaN stands for its absence.
-    bool mayRemoveAttribute(Arbor::Token name) override;
-    void setAttributeRaw(Arbor::Token name, const Arbor::Variant& value) override;
-    void removeAttributeRaw(Arbor::Token name) override;
     /// ` Val="value"`, or nothing for NaN.
     std::ostream& putAttributesXml(std::ostream& out) override;
-
-    double val_;
 };
 
 /// A value expression under its own tag: written as the item tag=(text), or tag=NIL.

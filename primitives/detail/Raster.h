@@ -2,6 +2,7 @@
 // the element's text.
 #pragma once
 
+#include <grafel/arbor/Token.h>
 #include <grafel/foundation/PointArray.h>
 #include <grafel/foundation/TextRun.h>
 
@@ -10,12 +11,21 @@
 
 namespace Grafel::detail {
 
-/// Each cell in its value form followed by one blank: the text of the element's XML form.
-template <class T> void putCells(const PointArray<T>& cells, std::ostream& out) {
-    TextRun run(out);
-    const T* cell = cells.data();
-    for (std::size_t i = 0, n = cells.size(); i < n; ++i) run << cell[i] << ' ';
-    run.flush();
+/// Start tag with the attributes of `raster`, each cell in its value form followed by one
+/// blank, end tag.
+template <class Raster, class T>
+std::ostream& putRasterXml(Raster& raster, const PointArray<T>& cells, std::ostream& out) {
+    const Arbor::Token tag = raster.tagName();
+    out << '<' << tag;
+    raster.putAttributesXml(out);
+    out << '>';
+    {
+        TextRun run(out);
+        const T* cell = cells.data();
+        for (std::size_t i = 0, n = cells.size(); i < n; ++i) run << cell[i] << ' ';
+        run.flush();
+    }
+    return out << "</" << tag << '>';
 }
 
 } // namespace Grafel::detail
