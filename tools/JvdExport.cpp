@@ -5,11 +5,6 @@
 #include <grafel/document/PlotDocument.h>
 #include <grafel/output/JVDWriter.h>
 
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <iostream>
-
 namespace GrafelTool {
 
 namespace {
